@@ -1,0 +1,5 @@
+// What extension DLLs and their windows include beside afxwin.h.
+#pragma once
+
+#include "afxwin.h"
+#include "afxcmn.h"

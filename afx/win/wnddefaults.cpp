@@ -1,0 +1,630 @@
+// What CWnd's handlers do: pass the message on to the control it is about, or to the default.
+#include "afxwin.h"
+#include "win/state.h"
+
+BEGIN_MESSAGE_MAP(CWnd, CCmdTarget)
+ON_WM_NCDESTROY()
+ON_WM_CTLCOLOR()
+ON_WM_DRAWITEM()
+ON_WM_MEASUREITEM()
+ON_WM_COMPAREITEM()
+ON_WM_DELETEITEM()
+ON_WM_CHARTOITEM()
+ON_WM_VKEYTOITEM()
+ON_WM_HSCROLL()
+ON_WM_VSCROLL()
+ON_WM_PARENTNOTIFY()
+ON_WM_SYSCOLORCHANGE()
+ON_WM_SETTINGCHANGE()
+ON_MESSAGE(WM_QUERYAFXWNDPROC, &CWnd::OnQueryAfxWndProc)
+END_MESSAGE_MAP()
+
+LRESULT CWnd::OnQueryAfxWndProc(WPARAM, LPARAM)
+{
+    return 1;
+}
+
+void CWnd::OnActivate(UINT, CWnd*, BOOL)
+{
+    Default();
+}
+void CWnd::OnActivateApp(BOOL, DWORD)
+{
+    Default();
+}
+void CWnd::OnAppCommand(CWnd*, UINT, UINT, UINT)
+{
+    Default();
+}
+void CWnd::OnCancelMode()
+{
+    Default();
+}
+void CWnd::OnCaptureChanged(CWnd*)
+{
+    Default();
+}
+void CWnd::OnChangeUIState(UINT, UINT)
+{
+    Default();
+}
+void CWnd::OnChar(UINT, UINT, UINT)
+{
+    Default();
+}
+void CWnd::OnChildActivate()
+{
+    Default();
+}
+void CWnd::OnClipboardUpdate()
+{
+    Default();
+}
+void CWnd::OnClose()
+{
+    Default();
+}
+void CWnd::OnCompacting(UINT)
+{
+    Default();
+}
+void CWnd::OnContextMenu(CWnd*, CPoint)
+{
+    Default();
+}
+BOOL CWnd::OnCopyData(CWnd*, COPYDATASTRUCT*)
+{
+    return static_cast<BOOL>(Default());
+}
+int CWnd::OnCreate(LPCREATESTRUCT)
+{
+    return static_cast<int>(Default());
+}
+void CWnd::OnDeadChar(UINT, UINT, UINT)
+{
+    Default();
+}
+void CWnd::OnDestroy()
+{
+    Default();
+}
+void CWnd::OnDestroyClipboard()
+{
+    Default();
+}
+BOOL CWnd::OnDeviceChange(UINT, DWORD_PTR)
+{
+    return static_cast<BOOL>(Default());
+}
+void CWnd::OnDevModeChange(LPTSTR)
+{
+    Default();
+}
+void CWnd::OnDrawClipboard()
+{
+    Default();
+}
+void CWnd::OnDropFiles(HDROP)
+{
+    Default();
+}
+void CWnd::OnEnable(BOOL)
+{
+    Default();
+}
+void CWnd::OnEndSession(BOOL)
+{
+    Default();
+}
+void CWnd::OnEnterIdle(UINT, CWnd*)
+{
+    Default();
+}
+void CWnd::OnEnterMenuLoop(BOOL)
+{
+    Default();
+}
+void CWnd::OnEnterSizeMove()
+{
+    Default();
+}
+BOOL CWnd::OnEraseBkgnd(CDC*)
+{
+    return static_cast<BOOL>(Default());
+}
+void CWnd::OnExitMenuLoop(BOOL)
+{
+    Default();
+}
+void CWnd::OnExitSizeMove()
+{
+    Default();
+}
+void CWnd::OnFontChange()
+{
+    Default();
+}
+UINT CWnd::OnGetDlgCode()
+{
+    return static_cast<UINT>(Default());
+}
+void CWnd::OnGetMinMaxInfo(MINMAXINFO*)
+{
+    Default();
+}
+BOOL CWnd::OnHelpInfo(HELPINFO*)
+{
+    return static_cast<BOOL>(Default());
+}
+void CWnd::OnHotKey(UINT, UINT, UINT)
+{
+    Default();
+}
+void CWnd::OnIconEraseBkgnd(CDC*)
+{
+    Default();
+}
+void CWnd::OnInitMenu(CMenu*)
+{
+    Default();
+}
+void CWnd::OnInitMenuPopup(CMenu*, UINT, BOOL)
+{
+    Default();
+}
+void CWnd::OnInputLangChange(UINT, UINT)
+{
+    Default();
+}
+void CWnd::OnInputLangChangeRequest(UINT, UINT)
+{
+    Default();
+}
+void CWnd::OnKeyDown(UINT, UINT, UINT)
+{
+    Default();
+}
+void CWnd::OnKeyUp(UINT, UINT, UINT)
+{
+    Default();
+}
+void CWnd::OnKillFocus(CWnd*)
+{
+    Default();
+}
+void CWnd::OnLButtonDblClk(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnLButtonDown(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnLButtonUp(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnMButtonDblClk(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnMButtonDown(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnMButtonUp(UINT, CPoint)
+{
+    Default();
+}
+LRESULT CWnd::OnMenuChar(UINT, UINT, CMenu*)
+{
+    return Default();
+}
+UINT CWnd::OnMenuDrag(UINT, CMenu*)
+{
+    return static_cast<UINT>(Default());
+}
+void CWnd::OnMenuRButtonUp(UINT, CMenu*)
+{
+    Default();
+}
+void CWnd::OnMenuSelect(UINT, UINT, HMENU)
+{
+    Default();
+}
+int CWnd::OnMouseActivate(CWnd*, UINT, UINT)
+{
+    return static_cast<int>(Default());
+}
+void CWnd::OnMouseHover(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnMouseHWheel(UINT, short, CPoint)
+{
+    Default();
+}
+void CWnd::OnMouseLeave()
+{
+    Default();
+}
+void CWnd::OnMouseMove(UINT, CPoint)
+{
+    Default();
+}
+BOOL CWnd::OnMouseWheel(UINT, short, CPoint)
+{
+    return static_cast<BOOL>(Default());
+}
+void CWnd::OnMove(int, int)
+{
+    Default();
+}
+void CWnd::OnMoving(UINT, LPRECT)
+{
+    Default();
+}
+BOOL CWnd::OnNcActivate(BOOL)
+{
+    return static_cast<BOOL>(Default());
+}
+void CWnd::OnNcCalcSize(BOOL, NCCALCSIZE_PARAMS*)
+{
+    Default();
+}
+BOOL CWnd::OnNcCreate(LPCREATESTRUCT)
+{
+    return static_cast<BOOL>(Default());
+}
+LRESULT CWnd::OnNcHitTest(CPoint)
+{
+    return Default();
+}
+void CWnd::OnNcLButtonDblClk(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnNcLButtonDown(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnNcLButtonUp(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnNcMButtonDblClk(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnNcMButtonDown(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnNcMButtonUp(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnNcMouseHover(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnNcMouseLeave()
+{
+    Default();
+}
+void CWnd::OnNcMouseMove(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnNcPaint()
+{
+    Default();
+}
+void CWnd::OnNcRButtonDblClk(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnNcRButtonDown(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnNcRButtonUp(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnNcXButtonDblClk(short, UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnNcXButtonDown(short, UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnNcXButtonUp(short, UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnNextMenu(UINT, LPMDINEXTMENU)
+{
+    Default();
+}
+UINT CWnd::OnNotifyFormat(CWnd*, UINT)
+{
+    return static_cast<UINT>(Default());
+}
+void CWnd::OnPaint()
+{
+    Default();
+}
+void CWnd::OnPaletteChanged(CWnd*)
+{
+    Default();
+}
+void CWnd::OnPaletteIsChanging(CWnd*)
+{
+    Default();
+}
+UINT CWnd::OnPowerBroadcast(UINT, UINT)
+{
+    return static_cast<UINT>(Default());
+}
+HCURSOR CWnd::OnQueryDragIcon()
+{
+    return reinterpret_cast<HCURSOR>(Default());
+}
+BOOL CWnd::OnQueryEndSession()
+{
+    return static_cast<BOOL>(Default());
+}
+BOOL CWnd::OnQueryNewPalette()
+{
+    return static_cast<BOOL>(Default());
+}
+BOOL CWnd::OnQueryOpen()
+{
+    return static_cast<BOOL>(Default());
+}
+UINT CWnd::OnQueryUIState()
+{
+    return static_cast<UINT>(Default());
+}
+void CWnd::OnRButtonDblClk(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnRButtonDown(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnRButtonUp(UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnRenderAllFormats()
+{
+    Default();
+}
+void CWnd::OnRenderFormat(UINT)
+{
+    Default();
+}
+BOOL CWnd::OnSetCursor(CWnd*, UINT, UINT)
+{
+    return static_cast<BOOL>(Default());
+}
+void CWnd::OnSetFocus(CWnd*)
+{
+    Default();
+}
+void CWnd::OnShowWindow(BOOL, UINT)
+{
+    Default();
+}
+void CWnd::OnSize(UINT, int, int)
+{
+    Default();
+}
+void CWnd::OnSizing(UINT, LPRECT)
+{
+    Default();
+}
+void CWnd::OnSpoolerStatus(UINT, UINT)
+{
+    Default();
+}
+void CWnd::OnStyleChanged(int, LPSTYLESTRUCT)
+{
+    Default();
+}
+void CWnd::OnStyleChanging(int, LPSTYLESTRUCT)
+{
+    Default();
+}
+void CWnd::OnSysChar(UINT, UINT, UINT)
+{
+    Default();
+}
+void CWnd::OnSysCommand(UINT, LPARAM)
+{
+    Default();
+}
+void CWnd::OnSysDeadChar(UINT, UINT, UINT)
+{
+    Default();
+}
+void CWnd::OnSysKeyDown(UINT, UINT, UINT)
+{
+    Default();
+}
+void CWnd::OnSysKeyUp(UINT, UINT, UINT)
+{
+    Default();
+}
+void CWnd::OnTimeChange()
+{
+    Default();
+}
+void CWnd::OnTimer(UINT_PTR)
+{
+    Default();
+}
+void CWnd::OnUniChar(UINT, UINT, UINT)
+{
+    Default();
+}
+void CWnd::OnUnInitMenuPopup(CMenu*, UINT)
+{
+    Default();
+}
+void CWnd::OnUpdateUIState(UINT, UINT)
+{
+    Default();
+}
+void CWnd::OnUserChanged()
+{
+    Default();
+}
+void CWnd::OnWindowPosChanged(WINDOWPOS*)
+{
+    Default();
+}
+void CWnd::OnWindowPosChanging(WINDOWPOS*)
+{
+    Default();
+}
+void CWnd::OnWinIniChange(LPCTSTR)
+{
+    Default();
+}
+void CWnd::OnXButtonDblClk(UINT, UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnXButtonDown(UINT, UINT, CPoint)
+{
+    Default();
+}
+void CWnd::OnXButtonUp(UINT, UINT, CPoint)
+{
+    Default();
+}
+
+HBRUSH CWnd::OnCtlColor(CDC*, CWnd* pWnd, UINT)
+{
+    LRESULT lResult = 0;
+    if (pWnd != nullptr && ReflectLastMsg(pWnd->m_hWnd, &lResult))
+        return reinterpret_cast<HBRUSH>(lResult);
+    return reinterpret_cast<HBRUSH>(Default());
+}
+
+namespace
+{
+// The menu with an owner-drawn item of that number, among the menus that a CMenu stands for.
+CMenu* FindMenuOf(HMENU hMenu, UINT nItemID)
+{
+    const int nCount = ::GetMenuItemCount(hMenu);
+    for (int i = 0; i < nCount; ++i) {
+        if (const HMENU hPopup = ::GetSubMenu(hMenu, i)) {
+            if (CMenu* const pFound = FindMenuOf(hPopup, nItemID))
+                return pFound;
+        } else if (::GetMenuItemID(hMenu, i) == nItemID)
+            return CMenu::FromHandlePermanent(hMenu);
+    }
+    return nullptr;
+}
+} // namespace
+
+void CWnd::OnDrawItem(int, LPDRAWITEMSTRUCT lpDrawItemStruct)
+{
+    if (lpDrawItemStruct->CtlType == ODT_MENU) {
+        if (CMenu* const pMenu =
+                CMenu::FromHandlePermanent(reinterpret_cast<HMENU>(lpDrawItemStruct->hwndItem))) {
+            pMenu->DrawItem(lpDrawItemStruct);
+            return;
+        }
+    } else if (ReflectLastMsg(lpDrawItemStruct->hwndItem))
+        return;
+    Default();
+}
+
+void CWnd::OnMeasureItem(int, LPMEASUREITEMSTRUCT lpMeasureItemStruct)
+{
+    if (lpMeasureItemStruct->CtlType == ODT_MENU) {
+        const HMENU hMenu = (GetStyle() & WS_CHILD) != 0 ? nullptr : ::GetMenu(m_hWnd);
+        if (CMenu* const pMenu = hMenu == nullptr ? nullptr : FindMenuOf(hMenu, lpMeasureItemStruct->itemID))
+        {
+            pMenu->MeasureItem(lpMeasureItemStruct);
+            return;
+        }
+    } else {
+        // Only the number says which control is meant.
+        CWnd* const pChild = GetDescendantWindow(static_cast<int>(lpMeasureItemStruct->CtlID), TRUE);
+        if (pChild != nullptr && pChild->SendChildNotifyLastMsg())
+            return;
+    }
+    Default();
+}
+
+int CWnd::OnCompareItem(int, LPCOMPAREITEMSTRUCT lpCompareItemStruct)
+{
+    LRESULT lResult = 0;
+    if (ReflectLastMsg(lpCompareItemStruct->hwndItem, &lResult))
+        return static_cast<int>(lResult);
+    return static_cast<int>(Default());
+}
+
+void CWnd::OnDeleteItem(int, LPDELETEITEMSTRUCT lpDeleteItemStruct)
+{
+    if (!ReflectLastMsg(lpDeleteItemStruct->hwndItem))
+        Default();
+}
+
+int CWnd::OnCharToItem(UINT, CListBox* pListBox, UINT)
+{
+    LRESULT lResult = 0;
+    if (pListBox != nullptr && ReflectLastMsg(pListBox->m_hWnd, &lResult))
+        return static_cast<int>(lResult);
+    return static_cast<int>(Default());
+}
+
+int CWnd::OnVKeyToItem(UINT, CListBox* pListBox, UINT)
+{
+    LRESULT lResult = 0;
+    if (pListBox != nullptr && ReflectLastMsg(pListBox->m_hWnd, &lResult))
+        return static_cast<int>(lResult);
+    return static_cast<int>(Default());
+}
+
+void CWnd::OnHScroll(UINT, UINT, CScrollBar* pScrollBar)
+{
+    if (pScrollBar == nullptr || !ReflectLastMsg(pScrollBar->m_hWnd))
+        Default();
+}
+
+void CWnd::OnVScroll(UINT, UINT, CScrollBar* pScrollBar)
+{
+    if (pScrollBar == nullptr || !ReflectLastMsg(pScrollBar->m_hWnd))
+        Default();
+}
+
+void CWnd::OnParentNotify(UINT message, LPARAM lParam)
+{
+    const bool bChild = LOWORD(message) == WM_CREATE || LOWORD(message) == WM_DESTROY;
+    if (!bChild || !ReflectLastMsg(reinterpret_cast<HWND>(lParam)))
+        Default();
+}
+
+// The system tells top-level windows alone what controls want to know too.
+void CWnd::OnSysColorChange()
+{
+    if ((GetStyle() & WS_CHILD) == 0)
+        SendMessageToDescendants(WM_SYSCOLORCHANGE, 0, 0, TRUE, TRUE);
+    Default();
+}
+
+void CWnd::OnSettingChange(UINT uFlags, LPCTSTR lpszSection)
+{
+    if ((GetStyle() & WS_CHILD) == 0)
+        SendMessageToDescendants(WM_SETTINGCHANGE, uFlags, reinterpret_cast<LPARAM>(lpszSection), TRUE, TRUE);
+    Default();
+}
