@@ -1,0 +1,19 @@
+// Values of the host's enumerations that the operations compare with.
+#pragma once
+
+// PopupMenuItem.Type
+enum class HostMenuItemType : long
+{
+    item = 0,
+    separator = 1,
+    subMenu = 2
+};
+
+// ToolbarItem.Type
+enum class HostToolbarItemType : long
+{
+    button = 0,
+    separator = 1,
+    control = 2,
+    flyout = 3
+};

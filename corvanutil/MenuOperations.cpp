@@ -1,0 +1,68 @@
+// Menus, items and cascading sub-menus.
+#include "hostmenu/CompanionOperations.h"
+
+#include "HostEnumerations.h"
+#include "HostGroup.h"
+#include "HostObject.h"
+#include "MacroText.h"
+
+namespace
+{
+
+std::wstring TextOrEmpty(const wchar_t* text)
+{
+    return text == nullptr ? std::wstring() : std::wstring(text);
+}
+
+// The host allows a separator neither at the top nor beside another.
+bool CanTakeSeparator(const CHostObject& menu, long count)
+{
+    return count > 0 && menu.Item(count - 1).Long(L"Type") != static_cast<long>(HostMenuItemType::separator);
+}
+
+} // namespace
+
+IDispatch* Create_ACADMenu(IDispatch* application, const wchar_t* name)
+{
+    const CHostObject host = CHostObject::Share(application);
+    const std::wstring menuName = TextOrEmpty(name);
+    const CHostObject menus = BaseGroup(host).Object(L"Menus");
+
+    // A menu cannot be deleted, so one of an earlier run is emptied and used again.
+    CHostObject menu = FindByName(menus, menuName);
+    if (menu.IsNull())
+        menu = menus.CallForObject(L"Add", menuName);
+    else
+        DeleteItems(menu);
+
+    if (!menu.Flag(L"OnMenuBar"))
+        menu.Call(L"InsertInMenuBar", host.Object(L"MenuBar").Count());
+    return menu.Detach();
+}
+
+bool Append_MenuItem(IAcadPopupMenu menu, const wchar_t* label, const wchar_t* macro, const wchar_t* help,
+                     bool, bool)
+{
+    const CHostObject target = CHostObject::Share(menu.m_lpDispatch);
+    const std::wstring text = TextOrEmpty(label);
+    const long end = target.Count();
+    if (macro == nullptr && help == nullptr && text.empty()) {
+        if (!CanTakeSeparator(target, end))
+            return false;
+        return !target.CallForObjectOrNull(L"AddSeparator", end).IsNull();
+    }
+    // A menu that holds as many items as the host allows takes no more, which is no error.
+    const CHostObject item =
+        target.CallForObjectOrNull(L"AddMenuItem", end, text, TranslateCarets(TextOrEmpty(macro)));
+    if (item.IsNull())
+        return false;
+    if (help != nullptr)
+        item.Put(L"HelpString", help);
+    return true;
+}
+
+IDispatch* Append_SubMenu(IAcadPopupMenu menu, const wchar_t* label)
+{
+    const CHostObject target = CHostObject::Share(menu.m_lpDispatch);
+    return target.CallForObject(L"AddSubMenu", target.Count(), TextOrEmpty(label)).Detach();
+}

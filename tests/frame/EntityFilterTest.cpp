@@ -1,0 +1,44 @@
+#include "VelmUtil22.h"
+
+#include <gtest/gtest.h>
+
+TEST(CEntityFilter, StartsWithItsInitialValues)
+{
+    const CEntityFilter filter;
+    EXPECT_TRUE(filter.m_bFlag1);
+    EXPECT_FALSE(filter.m_bFlag2);
+    EXPECT_TRUE(filter.m_bFlag3);
+    EXPECT_TRUE(filter.m_bFlag4);
+    EXPECT_TRUE(filter.m_bFlag5);
+    EXPECT_TRUE(filter.m_bFlag6);
+    EXPECT_TRUE(filter.m_bFlag7);
+    EXPECT_EQ(filter.m_nValue, 0);
+    EXPECT_EQ(filter.m_arrList.GetSize(), 0);
+}
+
+TEST(CEntityFilter, LaysItsFieldsOutInOrder)
+{
+    const CEntityFilter filter;
+    const auto offset = [&](const void* field) {
+        return static_cast<const char*>(field) - reinterpret_cast<const char*>(&filter);
+    };
+    EXPECT_EQ(offset(&filter.m_bFlag1), 0);
+    EXPECT_EQ(offset(&filter.m_bFlag2), 1);
+    EXPECT_EQ(offset(&filter.m_bFlag3), 2);
+    EXPECT_EQ(offset(&filter.m_bFlag4), 3);
+    EXPECT_EQ(offset(&filter.m_bFlag5), 4);
+    EXPECT_EQ(offset(&filter.m_bFlag6), 5);
+    EXPECT_EQ(offset(&filter.m_bFlag7), 6);
+    EXPECT_EQ(offset(&filter.m_nValue), 8);
+    EXPECT_EQ(offset(&filter.m_arrList), 16);
+    EXPECT_EQ(sizeof(filter.m_nValue), 8u);
+}
+
+// The leak gate tells whether the texts stay behind.
+TEST(CEntityFilter, FreesItsList)
+{
+    CEntityFilter filter;
+    for (int i = 0; i < 100; ++i)
+        filter.m_arrList.Add(CString(L'x', 100));
+    EXPECT_EQ(filter.m_arrList.GetSize(), 100);
+}
