@@ -1,0 +1,4 @@
+// Resource numbers of the host program.
+#pragma once
+
+#define IDR_HOST 1

@@ -1,0 +1,132 @@
+#include "ModelFixture.h"
+
+#include <functional>
+
+using namespace hosttest;
+using namespace velmhost;
+
+namespace
+{
+
+// Notes each change as "What Kind element parent".
+class Recorder : public HostModelObserver
+{
+public:
+    void OnModelChanged(const ModelChange& change) override
+    {
+        const char* what[] = {"Group", "Menu", "MenuItem", "MenuBar", "Toolbar", "ToolbarItem", "LargeButtons"};
+        const char* kind[] = {"Added", "Changed", "Removed"};
+        m_seen.push_back(std::string(what[static_cast<int>(change.what)]) + " "
+                         + kind[static_cast<int>(change.kind)] + " " + std::to_string(change.element) + " "
+                         + std::to_string(change.parent));
+        if (m_react)
+            m_react();
+    }
+
+    std::vector<std::string> Take() { return std::exchange(m_seen, {}); }
+
+    std::function<void()> m_react;
+
+private:
+    std::vector<std::string> m_seen;
+};
+
+class ModelObservers : public ModelFixture
+{
+protected:
+    ModelObservers() { m_model.AddObserver(m_recorder); }
+
+    // What is told while `act` runs.
+    template <class Act> std::vector<std::string> Told(Act act)
+    {
+        m_recorder.Take();
+        act();
+        return m_recorder.Take();
+    }
+
+    static std::string Note(const char* what, ElementId element, ElementId parent)
+    {
+        return std::string(what) + " " + std::to_string(element) + " " + std::to_string(parent);
+    }
+
+    using Notes = std::vector<std::string>;
+    Recorder m_recorder;
+};
+
+}
+
+TEST_F(ModelObservers, AreToldOfAdditionsWithTheContainer)
+{
+    const ElementId menu = AddMenu();
+    EXPECT_EQ(m_recorder.Take(), Notes{Note("Menu Added", menu, Base())});
+    const ElementId item = AddItem(menu, L"a");
+    EXPECT_EQ(m_recorder.Take(), Notes{Note("MenuItem Added", item, menu)});
+    const ElementId toolbar = AddToolbar();
+    EXPECT_EQ(m_recorder.Take(), Notes{Note("Toolbar Added", toolbar, Base())});
+    const ElementId button = AddButton(toolbar, L"a");
+    EXPECT_EQ(m_recorder.Take(), Notes{Note("ToolbarItem Added", button, toolbar)});
+}
+
+TEST_F(ModelObservers, AreToldOfChangesOnceAndNotOfTheSameValue)
+{
+    const ElementId menu = AddMenu(), item = AddItem(menu, L"a");
+    EXPECT_EQ(Told([&] { m_model.SetMenuItemLabel(item, L"b"); }), Notes{Note("MenuItem Changed", item, menu)});
+    EXPECT_EQ(Told([&] { m_model.SetMenuItemLabel(item, L"b"); }), Notes{});
+    EXPECT_EQ(Told([&] { m_model.SetMenuItemEnabled(item, false); }),
+              Notes{Note("MenuItem Changed", item, menu)});
+    EXPECT_EQ(Told([&] { m_model.SetMenuItemEnabled(item, false); }), Notes{});
+    EXPECT_EQ(Told([&] { m_model.SetLargeButtons(true); }), Notes{"LargeButtons Changed 0 0"});
+    EXPECT_EQ(Told([&] { m_model.SetLargeButtons(true); }), Notes{});
+}
+
+TEST_F(ModelObservers, AreNotToldOfARefusal)
+{
+    const ElementId menu = AddMenu();
+    EXPECT_EQ(Told([&] { ReasonOf([&] { m_model.AddMenuSeparator(menu, 0L); }); }), Notes{});
+}
+
+TEST_F(ModelObservers, AreToldOfARemovalOnceForTheOutermost)
+{
+    const ElementId menu = AddMenu();
+    const MenuItem& sub = *m_model.AddSubMenu(menu, kAtEnd, L"Sub");
+    AddItem(sub.subMenu->id, L"leaf");
+    const ElementId item = sub.id;
+    EXPECT_EQ(Told([&] { m_model.RemoveMenuItem(item); }), Notes{Note("MenuItem Removed", item, menu)});
+}
+
+TEST_F(ModelObservers, AreToldOfTheBarWhenAGroupTakesMenusFromIt)
+{
+    const ElementId group = Base();
+    m_model.InsertInMenuBar(AddMenu(), kAtEnd);
+    EXPECT_EQ(Told([&] { m_model.RemoveGroup(group); }),
+              (Notes{Note("Group Removed", group, 0), "MenuBar Changed 0 0"}));
+}
+
+TEST_F(ModelObservers, AreNotToldWhatTheShellReports)
+{
+    const ElementId toolbar = AddToolbar();
+    EXPECT_EQ(Told([&] { m_model.ReportToolbarFrame(toolbar, DockStatus::Top, {1, 2, 3, 4}); }), Notes{});
+}
+
+TEST_F(ModelObservers, MayGoWhileTheyAreTold)
+{
+    Recorder second;
+    m_model.AddObserver(second);
+    m_recorder.m_react = [&] { m_model.RemoveObserver(second); };
+    EXPECT_EQ(Told([&] { AddMenu(); }).size(), 1u);
+    EXPECT_TRUE(second.Take().empty());
+    m_recorder.m_react = [&] { m_model.RemoveObserver(m_recorder); };
+    EXPECT_EQ(Told([&] { AddMenu(L"x"); }).size(), 1u);
+    EXPECT_EQ(Told([&] { AddMenu(L"y"); }).size(), 0u);
+}
+
+TEST_F(ModelObservers, MayChangeTheModelWhileTheyAreTold)
+{
+    ElementId menu = 0;
+    m_recorder.m_react = [&] {
+        m_recorder.m_react = nullptr;
+        menu = AddMenu(L"second");
+    };
+    EXPECT_EQ(Told([&] { AddMenu(L"first"); }).size(), 2u);
+    EXPECT_NE(m_model.FindMenu(menu), nullptr);
+}

@@ -1,0 +1,34 @@
+// Add-ins that behave well and badly, one for each setting of the macros:
+//   ADDIN_NAME     the name under which start and stop are told to the program
+//   ADDIN_START    what AddInStart does then
+//   ADDIN_STOP     what AddInStop does then
+#include <windows.h>
+
+#include <stdexcept>
+
+namespace
+{
+
+// The program may export a function that wants to know.
+void Tell(const char* event)
+{
+    using Record = void(const char* addin, const char* event);
+    const auto record = reinterpret_cast<Record*>(
+        reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleW(nullptr), "RecordAddinEvent")));
+    if (record)
+        record(ADDIN_NAME, event);
+}
+
+}
+
+extern "C" __declspec(dllexport) int AddInStart()
+{
+    Tell("start");
+    ADDIN_START;
+}
+
+extern "C" __declspec(dllexport) void AddInStop()
+{
+    Tell("stop");
+    ADDIN_STOP;
+}
