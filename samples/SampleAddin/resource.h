@@ -1,0 +1,4 @@
+// Numbers of the add-in's resources.
+#pragma once
+
+#define IDR_DESCRIPTION 101
