@@ -22,7 +22,8 @@ struct MessageBoxRecord
 // While an object of this class lives, every message box that its thread shows (MessageBox,
 // AfxMessageBox) is noted and closed by one of its buttons, in the box's own message loop. Of nested
 // objects on one thread the innermost takes the box. Rests on a WH_CBT hook of the thread: the box is
-// taken when it is activated. Other dialogs are left alone.
+// taken when it is activated. Other dialogs are left alone. Under Wine a box with MB_SYSTEMMODAL is
+// activated before it has its text and icon, so it is noted without them.
 class MessageBoxWatch
 {
 public:
