@@ -102,7 +102,7 @@ void CHostApp::MakeBaseMenu()
     if (!model.MenuBar().empty() || model.Groups().empty())
         return;
     const ElementId menu = model.AddMenu(model.Groups().front()->id, L"&File").id;
-    if (const MenuItem* exit = model.AddMenuItem(menu, kAtEnd, L"E&xit", L"\x03\x03_QUIT "))
+    if (const MenuItem* exit = model.AddMenuItem(menu, kAtEnd, L"E&xit", L"\x03\x03" L"QUIT "))
         model.SetMenuItemHelp(exit->id, L"Closes the host");
     model.InsertInMenuBar(menu, kAtEnd);
 }

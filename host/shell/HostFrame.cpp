@@ -66,10 +66,7 @@ END_MESSAGE_MAP()
 
 CHostFrame::CHostFrame(HostModel& model, HostFrameSite& site)
     : m_model(model), m_site(site), m_menus(model), m_toolbars(*this, model, *this),
-      m_commandPane([this](const std::wstring& text) {
-          if (!text.empty())
-              SendToCommandLine(text);
-      }),
+      m_commandPane([this](const std::wstring& text) { SendToCommandLine(text); }),
       m_drawingArea({[this](int x, int y) { ShowPosition(x, y); }, [this] { SetFocus(); },
                      [this](CPoint at) { ShowShortcutMenu(at); }})
 {
@@ -162,6 +159,8 @@ void CHostFrame::ShowToolbars()
 
 void CHostFrame::SendToCommandLine(const std::wstring& text)
 {
+    if (text.empty())
+        return;
     m_commandPane.AddLine(L"Command: " + VisibleCommandText(text));
     m_site.OnCommandText(text);
     const std::wstring word = FirstCommandWord(text);

@@ -73,6 +73,7 @@ public:
     // Shows all changes of the model now (those of an open menu when it closes).
     void ShowChanges();
     // Does with a text what the command line does: it is echoed and handed on. QUIT and EXIT close the window.
+    // An empty text, that of an item without a macro, is not sent.
     void SendToCommandLine(const std::wstring& text);
     // Adds a line to the history that no command is.
     void AddRemark(const std::wstring& text) { m_commandPane.AddLine(text); }

@@ -67,8 +67,10 @@ int AddInBuild(const wchar_t* fileName)
 
 int AddInStart()
 {
+    const int own = AddInBuild(nullptr);
     const CString file = DescriptionFromCommandLine();
-    return AddInBuild(file.IsEmpty() ? nullptr : static_cast<const wchar_t*>(file));
+    const int second = file.IsEmpty() ? 0 : AddInBuild(file);
+    return own != 0 ? own : second;
 }
 
 void AddInStop() {}

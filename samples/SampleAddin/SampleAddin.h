@@ -2,9 +2,9 @@
 #pragma once
 
 // Called by the host on its user-interface thread once the add-in is loaded. Builds the menu and the
-// toolbar: from the file that the switch "--description" of the program's command line names, else from
-// the add-in's own resource. Returns 0 on success, 1 when nothing could be built, which the user has then
-// been told.
+// toolbar of the add-in's own resource, and then those of the file that the switch "--description" of the
+// program's command line names. Returns 0 on success, 1 when either could not be built, which the user has
+// then been told.
 extern "C" __declspec(dllexport) int AddInStart();
 
 // Called by the host before the add-in is freed. Menus and toolbars belong to the host, which keeps them

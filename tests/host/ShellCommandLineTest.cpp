@@ -82,7 +82,7 @@ TEST_F(ShellCommandLine, FileExitClosesTheHost)
     App().RunSteps({{StepKind::PressItem, L"File|Exit"}});
     testkit::PumpPending();
     EXPECT_EQ(App().MainFrame(), nullptr);
-    EXPECT_EQ(Sent().back(), L"\x03\x03_QUIT ");
+    EXPECT_EQ(Sent().back(), L"\x03\x03" L"QUIT ");
 }
 
 TEST_F(ShellCommandLine, CloseButtonClosesTheHost)

@@ -181,7 +181,7 @@ TEST_F(HostProgramRun, TreeIsPrintedAndTheProgramEnds)
                              "large buttons: no\n"
                              "group \"BASE\" base\n"
                              "  menu \"&File\" on bar\n"
-                             "    item \"E&xit\" macro \"^C^C_QUIT \" help \"Closes the host\"\n");
+                             "    item \"E&xit\" macro \"^C^CQUIT \" help \"Closes the host\"\n");
 }
 
 TEST_F(HostProgramRun, HistoryIsPrintedAfterTheSteps)
@@ -189,7 +189,7 @@ TEST_F(HostProgramRun, HistoryIsPrintedAfterTheSteps)
     const testkit::ProgramResult result = Run({L"--history", L"--batch", L"--no-register", L"--type", L"circle", L"--press-item", L"File|Exit"});
     ASSERT_TRUE(result.ended);
     EXPECT_EQ(result.exitCode, 0u);
-    EXPECT_EQ(result.output, "circle\n^C^C_QUIT \n");
+    EXPECT_EQ(result.output, "circle\n^C^CQUIT \n");
 }
 
 TEST_F(HostProgramRun, ExitStatusTellsFailedStepsAndAddIns)

@@ -9,7 +9,6 @@ namespace wholetest
 {
 
 using testing::HasSubstr;
-using testing::Not;
 
 class Program : public testing::Test
 {
@@ -19,6 +18,7 @@ protected:
         arguments.insert(arguments.begin(), {L"--batch", L"--no-register"});
         return testkit::RunProgram(testkit::ProgramFolder() / L"velmhost.exe", arguments);
     }
+    const std::wstring SurveyFile = (testkit::ProgramFolder() / L"survey.xml").wstring();
     std::wstring Addin() { return (testkit::ProgramFolder() / L"SampleAddin.arx").wstring(); }
 };
 
@@ -28,10 +28,10 @@ TEST_F(Program, PressesAnItemAndAButtonOfTheAddIn)
                              L"Drafting|Circle|Rectangle|Polygon", Addin()});
     EXPECT_TRUE(result.ended);
     EXPECT_EQ(0u, result.exitCode);
-    EXPECT_EQ("^C^C_ARC \n^C^C_POLYGON \n", result.output);
+    EXPECT_EQ("^C^CARC \n^C^CPOLYGON \n", result.output);
 }
 
-TEST_F(Program, GivesTheAddInADescription)
+TEST_F(Program, GivesTheAddInASecondDescription)
 {
     testkit::TempFolder folder;
     testkit::WriteBytes(folder / L"own.xml", "<a><Menus Name='Own'><Menu Name='Go' Cmd='GO'/></Menus></a>");
@@ -39,8 +39,18 @@ TEST_F(Program, GivesTheAddInADescription)
                              L"--description", (folder / L"own.xml").wstring()});
     EXPECT_EQ(0u, result.exitCode);
     EXPECT_THAT(result.output, HasSubstr("menu \"Own\" on bar"));
-    EXPECT_THAT(result.output, Not(HasSubstr("rafting")));
+    EXPECT_THAT(result.output, HasSubstr("menu \"D&rafting\" on bar"));
     EXPECT_THAT(result.output, HasSubstr("GO \n"));
+}
+
+TEST_F(Program, ShowsTwoToolbarsWithTheSecondDescriptionOfTheSample)
+{
+    const auto result = Run({L"--tree", L"--history", L"--press-button", L"Survey|Area (m\u00B2)", Addin(),
+                             L"--", L"--description", SurveyFile});
+    EXPECT_EQ(0u, result.exitCode);
+    EXPECT_THAT(result.output, HasSubstr("toolbar \"Drafting\" visible"));
+    EXPECT_THAT(result.output, HasSubstr("toolbar \"Survey\" visible"));
+    EXPECT_THAT(result.output, HasSubstr("^C^CAREA \n"));
 }
 
 TEST_F(Program, SaysWhenTheDescriptionCannotBeRead)
@@ -48,7 +58,7 @@ TEST_F(Program, SaysWhenTheDescriptionCannotBeRead)
     const auto result = Run({L"--tree", Addin(), L"--", L"--description", L"no such file.xml"});
     EXPECT_EQ(2u, result.exitCode);
     EXPECT_THAT(result.output, HasSubstr("The description cannot be read:"));
-    EXPECT_THAT(result.output, Not(HasSubstr("toolbar")));
+    EXPECT_THAT(result.output, HasSubstr("menu \"D&rafting\" on bar"));
 }
 
 } // namespace wholetest
