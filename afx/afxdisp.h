@@ -5,8 +5,8 @@
 
 #include <cstdarg>
 
-// Starts COM and OLE for the calling thread, the program's main one, in a single-threaded apartment.
-// FALSE if that fails; a second call changes nothing and succeeds. AfxOleTerm ends what AfxOleInit
+// Starts COM and OLE for the calling thread, in a single-threaded apartment. FALSE if that fails; the
+// same thread's second call changes nothing and succeeds. AfxOleTerm ends what the thread's AfxOleInit
 // started; without that it does nothing.
 AFX_CORE_API BOOL AFXAPI AfxOleInit();
 AFX_CORE_API void AFXAPI AfxOleTerm(BOOL bJustRevoke = FALSE);

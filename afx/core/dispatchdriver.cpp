@@ -1,4 +1,5 @@
 #include "../afxdisp.h"
+#include "state.h"
 
 #include <vector>
 
@@ -385,19 +386,19 @@ void COleDispatchDriver::GetProperty(DISPID dwDispID, VARTYPE vtProp, void* pvPr
     const_cast<COleDispatchDriver*>(this)->InvokeHelper(dwDispID, DISPATCH_PROPERTYGET, vtProp, pvProp, NULL);
 }
 
-static bool oleNeedsTerm = false;
-
 BOOL AFXAPI AfxOleInit()
 {
-    if (!oleNeedsTerm)
-        oleNeedsTerm = SUCCEEDED(::OleInitialize(NULL));
-    return oleNeedsTerm;
+    AFX_THREAD_STATE* const pState = AfxGetThreadState();
+    if (!pState->m_bNeedTerm)
+        pState->m_bNeedTerm = SUCCEEDED(::OleInitialize(NULL));
+    return pState->m_bNeedTerm;
 }
 
 void AFXAPI AfxOleTerm(BOOL bJustRevoke)
 {
-    if (!oleNeedsTerm || bJustRevoke)
+    AFX_THREAD_STATE* const pState = AfxGetThreadState();
+    if (!pState->m_bNeedTerm || bJustRevoke)
         return;
-    oleNeedsTerm = false;
+    pState->m_bNeedTerm = FALSE;
     ::OleUninitialize();
 }

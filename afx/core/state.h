@@ -31,6 +31,8 @@ struct AFX_THREAD_STATE
     POINT m_ptCursorLast;
     UINT m_nMsgLast;
 
+    BOOL m_bNeedTerm;  // AfxOleInit started OLE
+
     // What the window half keeps for the thread; it is told to free that before the state goes.
     void* m_pWindowData;
     void (*m_pfnCleanUp)(AFX_THREAD_STATE* pState);

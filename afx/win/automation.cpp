@@ -70,6 +70,13 @@ CCmdTarget::CCmdTarget() : m_dwRef(1), m_pOuterUnknown(nullptr), m_pDispatchPart
 
 CCmdTarget::~CCmdTarget()
 {
+    // An object that goes although it is still referred to, as one on the stack does, takes its
+    // connections to other apartments along. Their references must not end it once more.
+    if (m_pDispatchPart != nullptr && m_pOuterUnknown == nullptr && m_dwRef != 0) {
+        InternalAddRef();
+        ::CoDisconnectObject(m_pDispatchPart, 0);
+        m_dwRef = 0;
+    }
     delete m_pDispatchPart;
 }
 

@@ -177,28 +177,40 @@ INT_PTR CDialog::DoModal()
     if (bEnableOwner)
         ::EnableWindow(hOwner, FALSE);
 
-    m_nModalResult = -1;
-    m_nFlags |= AFX_WF_CONTINUEMODAL;
-    if (CreateDlgIndirect(pTemplate, FromHandle(hOwner), hInstance)) {
-        // OnInitDialog may have ended the dialog.
-        if ((m_nFlags & AFX_WF_CONTINUEMODAL) != 0)
-            RunModalLoop((GetStyle() & DS_NOIDLEMSG) != 0 ? MLF_SHOWONIDLE | MLF_NOIDLEMSG : MLF_SHOWONIDLE);
+    const auto close = [&] {
+        // An exception leaves the loop without its own tidying up.
+        m_nFlags &= ~static_cast<UINT>(AFX_WF_MODALLOOP | AFX_WF_CONTINUEMODAL);
         // Hidden first, so that the owner can become active before the dialog goes.
         if (m_hWnd != nullptr)
             SetWindowPos(nullptr, 0, 0, 0, 0,
                          SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
-    }
-    m_nFlags &= ~static_cast<UINT>(AFX_WF_CONTINUEMODAL);
+        if (bEnableOwner)
+            ::EnableWindow(hOwner, TRUE);
+        if (hTop != nullptr)
+            ::EnableWindow(hTop, TRUE);
+        if (hOwner != nullptr && m_hWnd != nullptr && ::GetActiveWindow() == m_hWnd)
+            ::SetActiveWindow(hOwner);
+        DestroyWindow();
+        if (pApp != nullptr)
+            pApp->EnableModeless(TRUE);
+    };
 
-    if (bEnableOwner)
-        ::EnableWindow(hOwner, TRUE);
-    if (hTop != nullptr)
-        ::EnableWindow(hTop, TRUE);
-    if (hOwner != nullptr && m_hWnd != nullptr && ::GetActiveWindow() == m_hWnd)
-        ::SetActiveWindow(hOwner);
-    DestroyWindow();
-    if (pApp != nullptr)
-        pApp->EnableModeless(TRUE);
+    m_nModalResult = -1;
+    m_nFlags |= AFX_WF_CONTINUEMODAL;
+    try {
+        // OnInitDialog may have ended the dialog.
+        if (CreateDlgIndirect(pTemplate, FromHandle(hOwner), hInstance) &&
+            (m_nFlags & AFX_WF_CONTINUEMODAL) != 0)
+            RunModalLoop((GetStyle() & DS_NOIDLEMSG) != 0 ? MLF_SHOWONIDLE | MLF_NOIDLEMSG : MLF_SHOWONIDLE);
+    } catch (CException* e) {
+        // PreTranslateMessage and OnIdle run outside the window procedures.
+        e->Delete();
+        m_nModalResult = -1;
+    } catch (...) {
+        close();
+        throw;
+    }
+    close();
     return m_nModalResult;
 }
 

@@ -288,7 +288,8 @@ BOOL CWinThread::DispatchThreadMessageEx(MSG* pMsg)
         for (const AFX_MSGMAP_ENTRY* pEntry = pMap->lpEntries; pEntry->nMessage != 0; ++pEntry) {
             const bool bFound = pEntry->pRegistered != nullptr
                                     ? pMsg->message >= 0xC000 && *pEntry->pRegistered == pMsg->message
-                                    : pEntry->nMessage == pMsg->message;
+                                    : pEntry->nMessage == pMsg->message && pEntry->nCode == 0 &&
+                                          pEntry->nLastID == 0; // commands have a way of their own
             if (!bFound)
                 continue;
             AFX_MSGCALL_ARGS args{this, pEntry->pfn, pMsg->message, pMsg->wParam, pMsg->lParam,

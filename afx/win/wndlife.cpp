@@ -114,11 +114,12 @@ struct CreationStep
 {
     HWND hWnd;
     CWnd* pWnd;
+    bool bTaken;
 };
 
 LRESULT TakeWindow(void* pContext)
 {
-    const CreationStep& step = *static_cast<CreationStep*>(pContext);
+    CreationStep& step = *static_cast<CreationStep*>(pContext);
     if (!step.pWnd->Attach(step.hWnd))
         return -1;
     step.pWnd->PreSubclassWindow();
@@ -127,6 +128,7 @@ LRESULT TakeWindow(void* pContext)
     WNDPROC* const ppfnSuper = step.pWnd->GetSuperWndProcAddr();
     if (pfnOld != &AfxWndProc)
         *ppfnSuper = pfnOld;
+    step.bTaken = true;
     return 0;
 }
 
@@ -136,11 +138,17 @@ LRESULT CALLBACK CreationHook(int nCode, WPARAM wParam, LPARAM lParam)
     const HWND hWnd = reinterpret_cast<HWND>(wParam);
     if (nCode == HCBT_CREATEWND && state.pCreating != nullptr && IsAwaitedClass(hWnd, state.pszCreatingClass))
     {
-        CreationStep step{hWnd, std::exchange(state.pCreating, nullptr)};
+        CreationStep step{hWnd, std::exchange(state.pCreating, nullptr), false};
         // An exception of PreSubclassWindow fails the creation as one of OnCreate does.
         const MSG message{hWnd, WM_CREATE, 0, 0, 0, {}};
-        if (AfxGuardMessage(message, &TakeWindow, &step) != 0) {
-            step.pWnd->Detach();
+        AfxGuardMessage(message, &TakeWindow, &step);
+        if (!step.bTaken) {
+            // An object that has a window already keeps that one. Any other waits again, so that who
+            // creates calls PostNcDestroy: the object will not see this window's WM_NCDESTROY.
+            if (step.pWnd->m_hWnd == hWnd) {
+                step.pWnd->Detach();
+                state.pCreating = step.pWnd;
+            }
             return 1;
         }
     }

@@ -2,6 +2,7 @@
 #include "kit/Text.h"
 
 #include <clocale>
+#include <cwchar>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -47,6 +48,13 @@ TEST(GetStrToFloat, NarrowsToFloat)
     EXPECT_EQ(GetStrToFloat(L"none"), 0.0f);
 }
 
+// The nearest double lies half-way between two floats, and the one that it is rounded to is not the one
+// nearest to the text.
+TEST(GetStrToFloat, ReadsADoubleFirst)
+{
+    EXPECT_EQ(GetStrToFloat(L"1.00000017881393432617187499"), 1.0f + 2 * std::numeric_limits<float>::epsilon());
+}
+
 TEST(GetStrToInt, ReadsAnIntegerFromTheStart)
 {
     EXPECT_EQ(GetStrToInt(L"  -12abc"), -12);
@@ -70,6 +78,7 @@ TEST(GetStrToInt, HasNoMoreThanThirtyTwoBits)
     for (const wchar_t* text : {L"2147483648", L"4294967297", L"-4294967297", L"99999999999999999999"}) {
         const __int64 value = GetStrToInt(text);
         EXPECT_EQ(value, static_cast<int>(value)) << testkit::Utf8(text);
+        EXPECT_EQ(value, _wtoi(text)) << testkit::Utf8(text);
     }
 }
 
@@ -84,9 +93,10 @@ TEST(GetStrToLong, ReadsAnIntegerFromTheStart)
 
 TEST(GetStrToLong, HasNoMoreThanThirtyTwoBits)
 {
-    for (const wchar_t* text : {L"2147483648", L"4294967297", L"-4294967297"}) {
+    for (const wchar_t* text : {L"2147483648", L"4294967297", L"-4294967297", L"99999999999999999999"}) {
         const __int64 value = GetStrToLong(text);
         EXPECT_EQ(value, static_cast<long>(value)) << testkit::Utf8(text);
+        EXPECT_EQ(value, _wtol(text)) << testkit::Utf8(text);
     }
 }
 
@@ -112,6 +122,19 @@ TEST(GetStringFrom, ShowsADoubleWithSixDecimals)
     EXPECT_EQ(GetStringFrom(2.0), L"2.000000");
     EXPECT_EQ(GetStringFrom(-1.23456789), L"-1.234568");
     EXPECT_EQ(GetStringFrom(1e15), L"1000000000000000.000000");
+}
+
+TEST(GetStringFrom, WritesWhatTheRunTimeLibraryWritesForNumbersThatAreNotFinite)
+{
+    using Limits = std::numeric_limits<double>;
+    for (const double value : {Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN()}) {
+        wchar_t expected[64] = {};
+        _snwprintf(expected, 63, L"%.2f", value);
+        EXPECT_STREQ(GetStringFrom(static_cast<float>(value)), expected);
+        _snwprintf(expected, 63, L"%.6f", value);
+        EXPECT_STREQ(GetStringFrom(value), expected);
+        EXPECT_NE(expected[0], L'\0');
+    }
 }
 
 TEST(GetStringFrom, WritesTheLargestDoubleWhole)

@@ -1,19 +1,23 @@
 #include "VelmUtil22.h"
 
+#include <cstring>
 #include <gtest/gtest.h>
+#include <memory>
+#include <new>
 
 TEST(CEntityFilter, StartsWithItsInitialValues)
 {
-    const CEntityFilter filter;
-    EXPECT_TRUE(filter.m_bFlag1);
-    EXPECT_FALSE(filter.m_bFlag2);
-    EXPECT_TRUE(filter.m_bFlag3);
-    EXPECT_TRUE(filter.m_bFlag4);
-    EXPECT_TRUE(filter.m_bFlag5);
-    EXPECT_TRUE(filter.m_bFlag6);
-    EXPECT_TRUE(filter.m_bFlag7);
-    EXPECT_EQ(filter.m_nValue, 0);
-    EXPECT_EQ(filter.m_arrList.GetSize(), 0);
+    // Whatever stood in the memory before.
+    for (const int before : {0x00, 0xFF}) {
+        alignas(CEntityFilter) unsigned char place[sizeof(CEntityFilter)];
+        std::memset(place, before, sizeof place);
+        CEntityFilter* const filter = new (place) CEntityFilter;
+        const unsigned char flags[] = {1, 0, 1, 1, 1, 1, 1};
+        EXPECT_EQ(std::memcmp(place, flags, sizeof flags), 0) << before;
+        EXPECT_EQ(filter->m_nValue, 0) << before;
+        EXPECT_EQ(filter->m_arrList.GetSize(), 0) << before;
+        std::destroy_at(filter);
+    }
 }
 
 TEST(CEntityFilter, LaysItsFieldsOutInOrder)

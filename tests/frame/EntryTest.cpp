@@ -1,5 +1,5 @@
-#include "ScratchFolder.h"
 #include "VelmUtil22.h"
+#include "kit/Files.h"
 
 #include <afxdllx.h>
 #include <cstddef>
@@ -133,8 +133,8 @@ TEST(LoadedLibrary, BearsAVersionResource)
 TEST(LoadedLibrary, JoinsTheChainAtLoadAndLeavesItAtUnload)
 {
     const HINSTANCE before = VersionResourceHolder();
-    const CScratchFolder scratch;
-    const std::wstring copy = scratch.File(L"VelmUtil22Copy.dll");
+    const testkit::TempFolder scratch;
+    const std::wstring copy = (scratch / L"VelmUtil22Copy.dll").wstring();
     ASSERT_TRUE(CopyFileW((std::wstring(GetProjectPath(nullptr)) + L"VelmUtil22.dll").c_str(), copy.c_str(), FALSE));
     const HMODULE library = LoadLibraryW(copy.c_str());
     ASSERT_NE(library, nullptr);
@@ -146,8 +146,8 @@ TEST(LoadedLibrary, JoinsTheChainAtLoadAndLeavesItAtUnload)
 
 TEST(LoadedLibrary, MayBeLoadedAgain)
 {
-    const CScratchFolder scratch;
-    const std::wstring copy = scratch.File(L"VelmUtil22Copy.dll");
+    const testkit::TempFolder scratch;
+    const std::wstring copy = (scratch / L"VelmUtil22Copy.dll").wstring();
     ASSERT_TRUE(CopyFileW((std::wstring(GetProjectPath(nullptr)) + L"VelmUtil22.dll").c_str(), copy.c_str(), FALSE));
     for (int i = 0; i < 3; ++i) {
         const HMODULE library = LoadLibraryW(copy.c_str());

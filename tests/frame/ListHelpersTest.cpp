@@ -1,6 +1,9 @@
 #include "BoxTest.h"
+#include "frame/BoundedList.h"
 
 #include <gmock/gmock.h>
+#include <memory>
+#include <stdexcept>
 
 namespace
 {
@@ -32,6 +35,40 @@ protected:
             AddString(L"late");
         return result;
     }
+};
+
+// A list box that changes a text of the array when the first line is added.
+class CMeddlingListBox : public CListBox
+{
+public:
+    explicit CMeddlingListBox(CStringArray& items) : m_items(items) {}
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message == LB_ADDSTRING && GetCount() == 0)
+            m_items.ElementAt(0).SetAt(2, L'X');
+        return CListBox::WindowProc(message, wParam, lParam);
+    }
+
+private:
+    CStringArray& m_items;
+};
+
+// An allocator of which a list believes that it has room for two elements.
+template <class T>
+struct TinyAllocator : std::allocator<T>
+{
+    using value_type = T;
+    TinyAllocator() = default;
+    template <class U>
+    TinyAllocator(const TinyAllocator<U>&) {}
+    template <class U>
+    struct rebind
+    {
+        using other = TinyAllocator<U>;
+    };
+    std::size_t max_size() const { return 2; }
 };
 
 } // namespace
@@ -74,6 +111,17 @@ TEST_F(FillComboBoxTest, AsksForTheFirstEntryEvenWhenThereIsNone)
     EXPECT_EQ(box.GetCurSel(), CB_ERR);
 }
 
+TEST_F(FillComboBoxTest, TakesLongTextsWhole)
+{
+    CComboBox box;
+    CreateComboBox(box);
+    const std::wstring text(5000, L'x');
+    CStringArray items;
+    items.Add(text.c_str());
+    FillComboBox(items, box);
+    EXPECT_THAT(LinesOf(box), ElementsAre(text));
+}
+
 TEST_F(FillComboBoxTest, UsesTheMessageThatSorts)
 {
     CComboBox box;
@@ -108,6 +156,17 @@ TEST_F(FillListBoxTest, AppendsInArrayOrderAndSelectsTheFirst)
     FillListBox(items, box);
     EXPECT_THAT(LinesOf(box), ElementsAre(L"old", L"z,z", L"a"));
     EXPECT_EQ(box.GetCurSel(), 0);
+}
+
+TEST_F(FillListBoxTest, TakesLongTextsWhole)
+{
+    CListBox box;
+    CreateListBox(box);
+    const std::wstring text(5000, L'x');
+    CStringArray items;
+    items.Add(text.c_str());
+    FillListBox(items, box);
+    EXPECT_THAT(LinesOf(box), ElementsAre(text));
 }
 
 TEST_F(FillListBoxTest, AsksForTheFirstLineEvenWhenThereIsNone)
@@ -155,6 +214,29 @@ TEST_F(FillListBox1Test, LeavesTheArrayAsItWas)
     items.Add(L"a,b");
     FillListBox1(items, box);
     EXPECT_THAT(TextsOf(items), ElementsAre(L"a,b"));
+}
+
+TEST_F(FillListBox1Test, SplitsACopyOfEachText)
+{
+    CStringArray items;
+    items.Add(L"a,b");
+    CMeddlingListBox box(items);
+    CreateListBox(box);
+    FillListBox1(items, box);
+    EXPECT_THAT(LinesOf(box), ElementsAre(L"a", L"b"));
+    EXPECT_THAT(TextsOf(items), ElementsAre(L"a,X"));
+}
+
+TEST_F(FillListBox1Test, TakesLongTextsWhole)
+{
+    CListBox box;
+    CreateListBox(box);
+    const std::wstring first(5000, L'a');
+    const std::wstring second(5000, L'b');
+    CStringArray items;
+    items.Add((first + L"," + second).c_str());
+    FillListBox1(items, box);
+    EXPECT_THAT(LinesOf(box), ElementsAre(first, second));
 }
 
 TEST_F(FillListBox1Test, AsksForTheFirstLineEvenWhenThereIsNone)
@@ -230,4 +312,18 @@ TEST(FillStringList, AddsNothingOfAnEmptyArray)
     CStringArray none;
     FillStringList(none, list);
     EXPECT_THAT(list, IsEmpty());
+}
+
+TEST(AppendWithinLimit, ThrowsWhenTheListHoldsAsManyAsItCan)
+{
+    std::list<CString, TinyAllocator<CString>> list;
+    AppendWithinLimit(list, L"a");
+    AppendWithinLimit(list, L"b");
+    try {
+        AppendWithinLimit(list, L"c");
+        FAIL() << "no exception";
+    } catch (const std::length_error& e) {
+        EXPECT_STREQ(e.what(), "list too long");
+    }
+    EXPECT_THAT(list, ElementsAre(L"a", L"b"));
 }

@@ -1,5 +1,5 @@
-#include "ScratchFolder.h"
 #include "VelmUtil22.h"
+#include "kit/Files.h"
 #include "kit/Text.h"
 
 #include <algorithm>
@@ -16,10 +16,7 @@ namespace
 // The folder of the test program, with its trailing backslash.
 std::wstring ProgramFolder()
 {
-    std::array<wchar_t, 4096> name{};
-    GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()));
-    const std::wstring path = name.data();
-    return path.substr(0, path.rfind(L'\\') + 1);
+    return (testkit::ProgramFolder() / L"").wstring();
 }
 
 // A copy of the probe DLL under a name of the test's own, loaded as long as the object lives.
@@ -85,27 +82,27 @@ std::wstring MakeDeepFolder(const std::wstring& folder, size_t length)
 
 TEST(GetAppPath, WritesTheFileNameOfALoadedModule)
 {
-    const CScratchFolder scratch;
-    const CLoadedProbe probe(scratch.File(L"Tool.arx"));
+    const testkit::TempFolder scratch;
+    const CLoadedProbe probe((scratch / L"Tool.arx").wstring());
     ASSERT_NE(probe.Module(), nullptr);
     const AppPathBuffer buffer(L"Tool.arx");
-    EXPECT_EQ(buffer.text.data(), scratch.File(L"Tool.arx"));
+    EXPECT_EQ(buffer.text.data(), (scratch / L"Tool.arx").wstring());
     EXPECT_TRUE(buffer.MarksStay());
 }
 
 TEST(GetAppPath, TakesTheNameInAnyCaseAndWithoutDll)
 {
-    const CScratchFolder scratch;
-    const CLoadedProbe probe(scratch.File(L"Plain.dll"));
+    const testkit::TempFolder scratch;
+    const CLoadedProbe probe((scratch / L"Plain.dll").wstring());
     ASSERT_NE(probe.Module(), nullptr);
-    EXPECT_EQ(AppPathBuffer(L"PLAIN").text.data(), scratch.File(L"Plain.dll"));
+    EXPECT_EQ(AppPathBuffer(L"PLAIN").text.data(), (scratch / L"Plain.dll").wstring());
 }
 
 TEST(GetAppPath, LeavesTheNameOfAModuleThatIsNotLoaded)
 {
-    const CScratchFolder scratch;
+    const testkit::TempFolder scratch;
     {
-        const CLoadedProbe probe(scratch.File(L"Gone.arx"));
+        const CLoadedProbe probe((scratch / L"Gone.arx").wstring());
         ASSERT_NE(probe.Module(), nullptr);
     }
     EXPECT_STREQ(AppPathBuffer(L"Gone.arx").text.data(), L"Gone.arx");
@@ -114,8 +111,8 @@ TEST(GetAppPath, LeavesTheNameOfAModuleThatIsNotLoaded)
 
 TEST(GetAppPath, LeavesTheBufferWhenTheFileNameDoesNotFit)
 {
-    const CScratchFolder scratch;
-    const CLoadedProbe probe(MakeDeepFolder(scratch.Folder(), 600) + L"Deep.arx");
+    const testkit::TempFolder scratch;
+    const CLoadedProbe probe(MakeDeepFolder((scratch / L"").wstring(), 600) + L"Deep.arx");
     if (probe.Module() == nullptr)
         GTEST_SKIP() << "the platform does not load modules from such folders";
     const AppPathBuffer buffer(L"Deep.arx");
@@ -128,8 +125,8 @@ TEST(GetAppPath, FillsTheBufferToItsLastCharacter)
     // The loader may or may not count the four characters of the prefix that lifts the limit.
     std::set<size_t> lengths;
     for (const size_t length : {511u, 512u, 515u, 516u}) {
-        const CScratchFolder scratch;
-        std::wstring folder = MakeDeepFolder(scratch.Folder(), 360);
+        const testkit::TempFolder scratch;
+        std::wstring folder = MakeDeepFolder((scratch / L"").wstring(), 360);
         folder += std::wstring(480 - folder.size(), L'e');
         CreateDirectoryW(folder.c_str(), nullptr);
         const std::wstring name = std::wstring(length - 481 - 4, L'n') + L".arx";
@@ -147,6 +144,17 @@ TEST(GetAppPath, FillsTheBufferToItsLastCharacter)
     EXPECT_THAT(lengths, testing::IsSupersetOf({511u, 512u}));
 }
 
+// The marks stand right behind the one character that the empty text is.
+TEST(GetAppPath, LeavesAnEmptyBuffer)
+{
+    std::array<wchar_t, 512> text;
+    text.fill(L'#');
+    text[0] = L'\0';
+    GetAppPath(text.data());
+    EXPECT_EQ(text[0], L'\0');
+    EXPECT_TRUE(std::all_of(text.begin() + 1, text.end(), [](wchar_t mark) { return mark == L'#'; }));
+}
+
 TEST(GetAppPath, AcceptsNull)
 {
     GetAppPath(nullptr);
@@ -154,11 +162,11 @@ TEST(GetAppPath, AcceptsNull)
 
 TEST(GetProjectPath, GivesTheFolderOfALoadedModule)
 {
-    const CScratchFolder scratch;
-    const CLoadedProbe probe(scratch.File(L"Tool.arx"));
+    const testkit::TempFolder scratch;
+    const CLoadedProbe probe((scratch / L"Tool.arx").wstring());
     ASSERT_NE(probe.Module(), nullptr);
-    EXPECT_EQ(ProjectPath(L"Tool.arx"), scratch.Folder().c_str());
-    EXPECT_EQ(ProjectPath(scratch.File(L"Tool.arx")), scratch.Folder().c_str());
+    EXPECT_EQ(ProjectPath(L"Tool.arx"), (scratch / L"").wstring().c_str());
+    EXPECT_EQ(ProjectPath((scratch / L"Tool.arx").wstring()), (scratch / L"").wstring().c_str());
 }
 
 TEST(GetProjectPath, LeavesTheNameAsItWas)
@@ -170,8 +178,8 @@ TEST(GetProjectPath, LeavesTheNameAsItWas)
 
 TEST(GetProjectPath, KeepsCharactersBeyondAscii)
 {
-    const CScratchFolder scratch;
-    const std::wstring folder = scratch.File(L"Gr\u00F6\u00DFe \u0416 \u6F22");
+    const testkit::TempFolder scratch;
+    const std::wstring folder = (scratch / L"Gr\u00F6\u00DFe \u0416 \u6F22").wstring();
     ASSERT_TRUE(CreateDirectoryW(folder.c_str(), nullptr));
     const CLoadedProbe probe(folder + L"\\\u0422ool \u6F22.arx");
     ASSERT_NE(probe.Module(), nullptr);
@@ -194,8 +202,8 @@ TEST(GetProjectPath, TakesThePathOfANameWhoseModuleIsNotLoaded)
 
 TEST(GetProjectPath, GivesLongFoldersWhole)
 {
-    const CScratchFolder scratch;
-    const std::wstring folder = MakeDeepFolder(scratch.Folder(), 700);
+    const testkit::TempFolder scratch;
+    const std::wstring folder = MakeDeepFolder((scratch / L"").wstring(), 700);
     const CLoadedProbe probe(folder + L"Deep.arx");
     if (probe.Module() == nullptr)
         GTEST_SKIP() << "the platform does not load modules from such folders";
@@ -217,14 +225,14 @@ TEST(GetProjectPath, TakesNullForTheRunningProgram)
 
 TEST(GetAppDriveAndDir, GivesDriveAndDirectoryOfTheModuleOfThatName)
 {
-    const CScratchFolder scratch;
-    const CLoadedProbe probe(scratch.File(L"VelmUtil.dll"));
+    const testkit::TempFolder scratch;
+    const CLoadedProbe probe((scratch / L"VelmUtil.dll").wstring());
     ASSERT_NE(probe.Module(), nullptr);
     CString drive;
     CString dir;
     GetAppDriveAndDir(drive, dir);
-    EXPECT_EQ(drive, scratch.Folder().substr(0, 2).c_str());
-    EXPECT_EQ(dir, scratch.Folder().substr(2).c_str());
+    EXPECT_EQ(drive, (scratch / L"").wstring().substr(0, 2).c_str());
+    EXPECT_EQ(dir, (scratch / L"").wstring().substr(2).c_str());
     EXPECT_EQ(drive[1], L':');
     EXPECT_EQ(dir[0], L'\\');
 }
@@ -232,8 +240,8 @@ TEST(GetAppDriveAndDir, GivesDriveAndDirectoryOfTheModuleOfThatName)
 TEST(GetAppDriveAndDir, GivesNothingUnderAnyOtherFileName)
 {
     ASSERT_NE(GetModuleHandleW(L"VelmUtil22.dll"), nullptr);
-    const CScratchFolder scratch;
-    const CLoadedProbe probe(scratch.File(L"VelmUtil.arx"));
+    const testkit::TempFolder scratch;
+    const CLoadedProbe probe((scratch / L"VelmUtil.arx").wstring());
     ASSERT_NE(probe.Module(), nullptr);
     CString drive = L"before";
     CString dir = L"before";

@@ -111,6 +111,47 @@ TEST_F(ClearPtrListTest, AllowsADestructorToTakeItsOwnElementOut)
     EXPECT_EQ(list->GetCount(), 0);
 }
 
+TEST_F(ClearPtrListTest, AllowsADestructorToReplaceItsOwnElement)
+{
+    const std::unique_ptr<CObject> added(new CNoted(deleted, 4));
+    Add(1);
+    Add(2);
+    Add(3, [&] {
+        list->RemoveTail();
+        list->AddTail(added.get());
+    });
+    ClearPtrList(list);
+    // The element that was added is none of those to delete, and it may lie where the other one lay.
+    EXPECT_THAT(deleted, ElementsAre(3, 2, 1));
+    EXPECT_EQ(list->GetCount(), 0);
+}
+
+TEST_F(ClearPtrListTest, AllowsADestructorToAddAnElementAndThenTakeItsOwnOut)
+{
+    const std::unique_ptr<CObject> added(new CNoted(deleted, 4));
+    Add(1, [&] { EXPECT_EQ(list->GetCount(), 2); });
+    Add(2, [&] { EXPECT_EQ(list->GetCount(), 3); });
+    CObject* own = nullptr;
+    own = Add(3, [&] {
+        list->AddTail(added.get());
+        list->RemoveAt(list->Find(own));
+    });
+    ClearPtrList(list);
+    EXPECT_THAT(deleted, ElementsAre(3, 2, 1));
+    EXPECT_EQ(list->GetCount(), 0);
+}
+
+TEST_F(ClearPtrListTest, TakesElementsOutUndeletedThatADestructorAppends)
+{
+    const std::unique_ptr<CObject> added(new CNoted(deleted, 4));
+    Add(1);
+    Add(2, [&] { list->AddTail(added.get()); });
+    Add(3, [&] { list->AddTail(added.get()); });
+    ClearPtrList(list);
+    EXPECT_THAT(deleted, ElementsAre(3, 2, 1));
+    EXPECT_EQ(list->GetCount(), 0);
+}
+
 TEST_F(ClearPtrListTest, ThrowsWhenAnElementIsNotFoundAnyMore)
 {
     std::unique_ptr<CObject> first(Add(1));
@@ -147,6 +188,24 @@ TEST_F(DeletePtrListTest, DeletesObjectsAndListAndClearsThePointer)
     EXPECT_EQ(list, nullptr);
 }
 
+TEST_F(DeletePtrListTest, KeepsListAndPointerWhenAnElementIsNotFoundAnyMore)
+{
+    const std::unique_ptr<CObject> first(Add(1));
+    const std::unique_ptr<CObject> second(Add(2));
+    Add(3, [&] { list->RemoveHead(); });
+    CPtrList* const before = list;
+    try {
+        DeletePtrList(list);
+        FAIL() << "no exception";
+    } catch (CInvalidArgException* e) {
+        e->Delete();
+    }
+    ASSERT_EQ(list, before);
+    EXPECT_THAT(deleted, ElementsAre(3));
+    ASSERT_EQ(list->GetCount(), 1);
+    EXPECT_EQ(list->GetHead(), second.get());
+}
+
 TEST_F(DeletePtrListTest, AcceptsANullPointer)
 {
     CPtrList* none = nullptr;
@@ -169,6 +228,14 @@ TEST_F(DeletePtrListItemTest, DeletesTheObjectWhenAsked)
     DeletePtrListItem(item, list, true);
     EXPECT_EQ(list->GetCount(), 1);
     EXPECT_THAT(deleted, ElementsAre(1));
+}
+
+TEST_F(DeletePtrListItemTest, TakesTheElementOutBeforeItDeletesTheObject)
+{
+    INT_PTR countInDestructor = -1;
+    CObject* const item = Add(1, [&] { countInDestructor = list->GetCount(); });
+    DeletePtrListItem(item, list, true);
+    EXPECT_EQ(countInDestructor, 0);
 }
 
 TEST_F(DeletePtrListItemTest, TakesTheFirstOccurrenceOut)

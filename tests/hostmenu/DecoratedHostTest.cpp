@@ -32,6 +32,14 @@ TEST_F(DecoratedHost, IsAskedForItsApplication)
     EXPECT_EQ(timesAsked, 1);
 }
 
+TEST_F(DecoratedHost, IsNotAskedWhenTheTextIsNotLoaded)
+{
+    timesAsked = 0;
+    Build(L"<r>");
+    EXPECT_EQ(timesAsked, 0);
+    EXPECT_THAT(Messages(), ElementsAre(L"MenuToolbar XML is not loaded"));
+}
+
 TEST_F(DecoratedHost, WithoutAutomationIsReportedInBothPhases)
 {
     timesAsked = 0;

@@ -128,6 +128,13 @@ TEST_F(DocumentFailure, OfTheSelectionOfAHolderIsThrown)
     EXPECT_THAT(Messages(), IsEmpty());
 }
 
+TEST_F(DocumentFailure, OfTheToolbarsHolderIsThrownBeforeTheFolderIsLookedUp)
+{
+    CFailingDocuments documents;
+    documents.Fail(DomCall::SelectSingleNode, 2, E_FAIL);
+    EXPECT_THROW(Build(Description, L"NoSuchModule.arx"), _com_error);
+}
+
 TEST_F(DocumentFailure, OfAHoldersAttributesIsThrown)
 {
     EXPECT_EQ(BuildWith(DomCall::Attributes, 1, E_FAIL), E_FAIL);
@@ -206,6 +213,36 @@ TEST_F(DocumentFailure, AsksForEachLengthOnceAndForThatManyNodes)
     // The selection of three, and the children of each of them.
     EXPECT_EQ(documents.Count(DomCall::Length), 4);
     EXPECT_EQ(documents.Count(DomCall::NextNode), 3 + 0 + 0 + 2);
+}
+
+TEST_F(DocumentFailure, AsksForTheLengthOfAFlyoutOnce)
+{
+    CFailingDocuments documents;
+    Build(LR"(<r><Toolbars><Toolbar ImageList="a"><x ImageList="b"/><y ImageList="c"/></Toolbar></Toolbars></r>)");
+    // The two selections, the fly-out's children, and the children of each of them.
+    EXPECT_EQ(documents.Count(DomCall::Length), 2 + 1 + 2);
+    EXPECT_EQ(documents.Count(DomCall::NextNode), 1 + 2);
+}
+
+TEST_F(DocumentFailure, OfGetAttribValIsThrown)
+{
+    for (const DomCall call : {DomCall::SelectSingleNode, DomCall::NodeValue}) {
+        CFailingDocuments documents;
+        {
+            const IXMLDOMDocumentPtr document = Load(LR"(<r Name="n"/>)");
+            documents.Fail(call, 1, E_ACCESSDENIED);
+            wchar_t xpath[] = L"/r/@Name";
+            try {
+                GetAttribVal(document, xpath);
+                ADD_FAILURE() << "no exception";
+            } catch (const _com_error& e) {
+                EXPECT_EQ(e.Error(), E_ACCESSDENIED);
+            }
+            // The next call does not fail.
+            EXPECT_EQ(GetAttribVal(document, xpath), L"n");
+        }
+        EXPECT_EQ(documents.LiveObjects(), 0);
+    }
 }
 
 TEST_F(DocumentFailure, AnywhereLeavesNothingBehind)

@@ -2,6 +2,9 @@
 
 #include "UnimplementedDom.h"
 
+#include <cwchar>
+#include <gtest/gtest.h>
+
 namespace
 {
 
@@ -115,6 +118,7 @@ public:
 
     STDMETHODIMP getNamedItem(BSTR name, IXMLDOMNode** node) override
     {
+        EXPECT_EQ(SysStringLen(name), std::wcslen(name));
         return Wrapped<CFailingNode>(DomCall::NamedItem, node,
                                      [&](auto real) { return m_real->getNamedItem(name, real); });
     }

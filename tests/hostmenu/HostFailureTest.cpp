@@ -55,36 +55,54 @@ protected:
             EXPECT_EQ(references, 0) << testkit::Utf8(name);
     }
 
-    // The log of a build in which nothing fails.
-    static std::vector<std::wstring> WholeLog()
-    {
-        Build(Description);
-        const std::vector<std::wstring> log = recording::Log();
-        EXPECT_EQ(log.size(), static_cast<size_t>(AllCalls));
-        Renew();
-        return log;
-    }
-
 private:
     long m_applicationReferences = 0;
 };
 
-// The line without the running numbers of the objects, which are others when one of them was not made.
-std::wstring WithoutNumbers(const std::wstring& line)
+// What is asked for the menu when nothing fails.
+std::vector<std::wstring> MenuLog()
 {
-    std::wstring result;
-    for (const wchar_t character : line) {
-        if (character < L'0' || character > L'9')
-            result += character;
-    }
-    return result;
+    return {LR"(menu1 = Create_ACADMenu(app, "m"))", ItemLine(L"menu1", LR"("i")", LR"("I ")", L"null"),
+            LR"(submenu2 = Append_SubMenu(menu1, "c"))", ItemLine(L"submenu2", LR"("n")", L"null", L"null"),
+            ItemLine(L"menu1", LR"("j")", LR"("J ")", L"null")};
+}
+
+// What is asked for the toolbar when nothing fails. Objects bear running numbers, which go on from those of
+// the menu.
+std::vector<std::wstring> ToolbarLog(int objectsBefore)
+{
+    const std::wstring toolbar = L"toolbar" + std::to_wstring(objectsBefore + 1);
+    const std::wstring flyout = L"toolbar" + std::to_wstring(objectsBefore + 2);
+    return {toolbar + LR"( = Create_ACADToolBar(app, "t"))",
+            ButtonLine(toolbar, LR"("P ")", L"null", L"p"),
+            flyout + LR"( = Create_ACADToolBar(app, "SubToolbar"))",
+            ButtonLine(toolbar, LR"("F ")", L"null", L"f", flyout),
+            ButtonLine(flyout, LR"("F ")", L"null", L"f"),
+            ButtonLine(flyout, L"null", L"null", L"g"),
+            L"SetVisible(" + flyout + L", 0)",
+            L"SetVisible(" + toolbar + L", 1)"};
+}
+
+std::vector<std::wstring> Joined(std::vector<std::wstring> first, const std::vector<std::wstring>& second)
+{
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
 }
 
 } // namespace
 
+TEST_F(HostFailure, IsNotThereWhenNothingFails)
+{
+    Build(Description);
+    EXPECT_EQ(recording::Log(), Joined(MenuLog(), ToolbarLog(2)));
+    EXPECT_EQ(recording::CallCount(), AllCalls);
+    EXPECT_THAT(Messages(), IsEmpty());
+}
+
 TEST_F(HostFailure, InTheMenuPhaseShowsBothTextsAndGoesOnWithTheToolbar)
 {
-    const std::vector<std::wstring> whole = WholeLog();
+    // Menu and sub-menu that are there when the call of that number fails.
+    const int objectsBefore[] = {0, 1, 1, 2, 2};
     for (int call = 1; call <= MenuCalls; ++call) {
         Renew();
         testkit::MessageBoxWatch boxes;
@@ -96,19 +114,15 @@ TEST_F(HostFailure, InTheMenuPhaseShowsBothTextsAndGoesOnWithTheToolbar)
         EXPECT_THAT(boxes.Texts(), ElementsAre(L"Unable to Load Menu", L"The host refuses the menu.")) << call;
         EXPECT_EQ(boxesBeforeToolbar, 2u) << call;
         // What was asked for up to the failing call stays asked for, then the whole toolbar follows.
-        const std::vector<std::wstring> log = recording::Log();
-        ASSERT_EQ(log.size(), static_cast<size_t>(call + AllCalls - MenuCalls)) << call;
-        for (int i = 0; i < call; ++i)
-            EXPECT_EQ(log[i], whole[i]) << call;
-        for (int i = 0; i < AllCalls - MenuCalls; ++i)
-            EXPECT_EQ(WithoutNumbers(log[call + i]), WithoutNumbers(whole[MenuCalls + i])) << call;
+        std::vector<std::wstring> expected = MenuLog();
+        expected.resize(call);
+        EXPECT_EQ(recording::Log(), Joined(expected, ToolbarLog(objectsBefore[call - 1]))) << call;
         ExpectBalance();
     }
 }
 
 TEST_F(HostFailure, InTheToolbarPhaseShowsBothTextsAndEnds)
 {
-    const std::vector<std::wstring> whole = WholeLog();
     for (int call = MenuCalls + 1; call <= AllCalls; ++call) {
         Renew();
         testkit::MessageBoxWatch boxes;
@@ -116,8 +130,25 @@ TEST_F(HostFailure, InTheToolbarPhaseShowsBothTextsAndEnds)
         Build(Description);
 
         EXPECT_THAT(boxes.Texts(), ElementsAre(L"Unable to Load Toolbar", L"The host refuses the toolbar.")) << call;
-        EXPECT_EQ(recording::Log(), std::vector<std::wstring>(whole.begin(), whole.begin() + call)) << call;
+        std::vector<std::wstring> expected = Joined(MenuLog(), ToolbarLog(2));
+        expected.resize(call);
+        EXPECT_EQ(recording::Log(), expected) << call;
         ExpectBalance();
+    }
+}
+
+TEST_F(HostFailure, ShowsItsTextsAsPlainBoxesOfTheProgram)
+{
+    recording::InCall(1, [] { AfxThrowOleDispatchException(0, L"no menu"); });
+    recording::InCall(2, [] { AfxThrowOleDispatchException(0, L"no toolbar"); });
+    Build(Description);
+    AfxMessageBox(L"plain");
+    ASSERT_EQ(m_boxes.Boxes().size(), 5u);
+    const testkit::MessageBoxRecord& plain = m_boxes.Boxes().back();
+    for (const testkit::MessageBoxRecord& box : m_boxes.Boxes()) {
+        EXPECT_EQ(box.icon, plain.icon) << testkit::Utf8(box.text);
+        EXPECT_EQ(box.caption, plain.caption) << testkit::Utf8(box.text);
+        EXPECT_EQ(box.buttons, plain.buttons) << testkit::Utf8(box.text);
     }
 }
 

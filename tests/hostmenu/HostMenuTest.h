@@ -2,6 +2,7 @@
 #pragma once
 
 #include "VelmUtil22.h"
+#include "kit/Files.h"
 #include "kit/MessageBoxWatch.h"
 #include "kit/Text.h"
 
@@ -16,10 +17,7 @@
 // The folder of the test program, with its trailing backslash.
 inline std::wstring ProgramFolder()
 {
-    std::array<wchar_t, 4096> name{};
-    GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()));
-    const std::wstring path = name.data();
-    return path.substr(0, path.rfind(L'\\') + 1);
+    return (testkit::ProgramFolder() / L"").wstring();
 }
 
 // The test program's own file name, as a module name.

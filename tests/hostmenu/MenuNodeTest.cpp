@@ -1,6 +1,8 @@
 #include "HostMenuTest.h"
 #include "UnimplementedDom.h"
 
+#include <algorithm>
+
 namespace
 {
 
@@ -138,8 +140,24 @@ TEST_F(MenuNode, MakesACascadeWithANullLabelOfHelpAlone)
 
 TEST_F(MenuNode, ReadsAttributesInAnyOrder)
 {
-    EXPECT_THAT(Process(LR"(<Menu Help="h" X="x" Cmd="c" Name="n"/>)"),
-                ElementsAre(LR"(Append_MenuItem(menu1, "n", "c ", "h", true, false))"));
+    std::vector<std::wstring> attributes = {LR"( Cmd="c")", LR"( Help="h")", LR"( Name="n")", LR"( X="x")"};
+    do {
+        std::wstring all;
+        for (const std::wstring& attribute : attributes)
+            all += attribute;
+        recording::Reset();
+        EXPECT_THAT(Process(L"<Menu" + all + L"/>"),
+                    ElementsAre(LR"(Append_MenuItem(menu1, "n", "c ", "h", true, false))"))
+            << testkit::Utf8(all);
+    } while (std::next_permutation(attributes.begin(), attributes.end()));
+}
+
+TEST_F(MenuNode, ReadsTheAttributesOfACascadeInAnyOrder)
+{
+    for (const wchar_t* text : {LR"(<Menu Help="h" Name="n"/>)", LR"(<Menu Name="n" Help="h"/>)"}) {
+        recording::Reset();
+        EXPECT_THAT(Process(text), ElementsAre(LR"(submenu2 = Append_SubMenu(menu1, "n"))"));
+    }
 }
 
 TEST_F(MenuNode, AddsTheChildrenOfACascadeToItsSubMenu)
@@ -205,6 +223,12 @@ TEST_F(MenuNode, TakesAnswersOtherThanOkForNoAttributes)
         EXPECT_THAT(ProcessNode(owner), IsEmpty());
         EXPECT_EQ(node->m_childrenAsked, 1);
     }
+}
+
+TEST_F(MenuNode, DoesNotDescendIntoANodeWithoutAttributes)
+{
+    // A document has child nodes, but no attributes.
+    EXPECT_THAT(ProcessNode(Load(LR"(<m Name="x" Help="h"><n Name="y"/></m>)")), IsEmpty());
 }
 
 TEST_F(MenuNode, DoesNotReadAMapThatCameWithAnotherAnswerThanOk)
@@ -285,9 +309,8 @@ TEST_F(MenuNode, KeepsTheSubMenuUntilItsLastChildIsAdded)
     for (const int call : {3, 4})
         recording::InCall(call, [&] { references.push_back(recording::References()[L"submenu2"]); });
     Process(LR"(<m Name="x" Help="h"><a Name="1"/><a Name="2"/></m>)");
-    ASSERT_EQ(references.size(), 2u);
-    EXPECT_GE(references[0], 1);
-    EXPECT_GE(references[1], 1);
+    // That of the cascade, that of the child's call, and that of the companion.
+    EXPECT_THAT(references, ElementsAre(3, 3));
 }
 
 TEST_F(MenuNode, LetsAHostFailurePass)

@@ -183,6 +183,31 @@ TEST_F(MenuToolBar, ShowsThatMalformedTextIsNotLoadedAndMakesNothing)
     EXPECT_THAT(recording::Log(), IsEmpty());
 }
 
+TEST_F(MenuToolBar, DoesNotTrimTheText)
+{
+    Build(LR"( <?xml version="1.0"?><r/>)");
+    EXPECT_THAT(Messages(), ElementsAre(L"MenuToolbar XML is not loaded"));
+    EXPECT_THAT(recording::Log(), IsEmpty());
+}
+
+TEST_F(MenuToolBar, ShowsItsMessageAsAPlainBoxOfTheProgram)
+{
+    Build(L"<r>");
+    AfxMessageBox(L"MenuToolbar XML is not loaded");
+    ASSERT_EQ(m_boxes.Boxes().size(), 2u);
+    EXPECT_EQ(m_boxes.Boxes()[0].text, m_boxes.Boxes()[1].text);
+    EXPECT_EQ(m_boxes.Boxes()[0].caption, m_boxes.Boxes()[1].caption);
+    EXPECT_EQ(m_boxes.Boxes()[0].icon, m_boxes.Boxes()[1].icon);
+    EXPECT_EQ(m_boxes.Boxes()[0].buttons, m_boxes.Boxes()[1].buttons);
+}
+
+TEST_F(MenuToolBar, MakesPlainButtonsOfElementsWithNothingButBlanksInside)
+{
+    EXPECT_THAT(Built(L"<r><Toolbars><Toolbar ImageList=\"i\"> \r\n\t </Toolbar></Toolbars></r>"),
+                ElementsAre(LR"(menu1 = Create_ACADMenu(app, ""))", LR"(toolbar2 = Create_ACADToolBar(app, ""))",
+                            ButtonLine(L"toolbar2", L"null", L"null", L"i"), L"SetVisible(toolbar2, 1)"));
+}
+
 TEST_F(MenuToolBar, TakesDocumentsWithADeclarationCommentsAndInstructions)
 {
     EXPECT_THAT(Built(LR"(<?xml version="1.0" encoding="UTF-8"?><!-- c --><?host data?>
@@ -269,15 +294,17 @@ TEST_F(MenuToolBar, GoesOnWithTheEmptyWrappersWhenTheCompanionGivesNull)
 
 TEST_F(MenuToolBar, HoldsMenuAndToolbarWhileEntriesAreAdded)
 {
-    std::vector<long> references;
-    recording::InCall(2, [&] { references.push_back(recording::References()[L"menu1"]); });
-    recording::InCall(4, [&] { references.push_back(recording::References()[L"menu1"]); });
-    recording::InCall(5, [&] { references.push_back(recording::References()[L"toolbar2"]); });
-    Build(LR"(<r><Menus><Menu/><Menu/></Menus><Toolbars><Toolbar ImageList="i"/></Toolbars></r>)");
-    ASSERT_EQ(references.size(), 3u);
-    EXPECT_GE(references[0], 1);
-    EXPECT_EQ(references[1], 0); // the button: the menu is done with by then
-    EXPECT_GE(references[2], 1); // while it is shown
+    std::vector<long> ofTheMenu;
+    std::vector<long> ofTheToolbar;
+    for (const int call : {2, 3, 4})
+        recording::InCall(call, [&] { ofTheMenu.push_back(recording::References()[L"menu1"]); });
+    for (const int call : {5, 6, 7})
+        recording::InCall(call, [&] { ofTheToolbar.push_back(recording::References()[L"toolbar2"]); });
+    Build(LR"(<r><Menus><Menu/><Menu/></Menus>
+              <Toolbars><Toolbar ImageList="i"/><Toolbar ImageList="j"/></Toolbars></r>)");
+    // For each entry that of the builder, that of the entry's call and that of the companion.
+    EXPECT_THAT(ofTheMenu, ElementsAre(3, 3, 0)); // the menu is done with when the toolbar is made
+    EXPECT_THAT(ofTheToolbar, ElementsAre(3, 3, 1)); // while it is shown, the builder's alone
 }
 
 TEST_F(MenuToolBar, InitialisesComAndLeavesItInitialised)

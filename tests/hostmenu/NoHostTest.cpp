@@ -37,6 +37,28 @@ TEST_F(NoHost, IsReportedOnceWhenTheModuleIsNotLoaded)
     EXPECT_THAT(Messages(), ElementsAre(L"Unable to Load Menu", L"The host application is not available."));
 }
 
+TEST_F(NoHost, IsReportedInBothPhasesOfABuildFromAResource)
+{
+    const HMODULE addin = LoadLibraryW((ProgramFolder() + L"addin\\hostmenu_addin.arx").c_str());
+    ASSERT_NE(addin, nullptr);
+    std::wstring moduleName = L"hostmenu_addin.arx";
+    Append_MenuToolBar(101, CString(L"DESCRIPTION"), moduleName.data());
+    FreeLibrary(addin);
+    EXPECT_THAT(Messages(),
+                ElementsAre(L"Unable to Load Menu", L"The host application is not available.",
+                            L"Unable to Load Toolbar", L"The host application is not available."));
+    EXPECT_THAT(recording::Log(), IsEmpty());
+}
+
+TEST_F(NoHost, IsReportedOnceForAToolbarWithFlyouts)
+{
+    Build(LR"(<r><Toolbars><Toolbar ImageList="a"><t ImageList="b"/></Toolbar></Toolbars></r>)");
+    EXPECT_THAT(Messages(),
+                ElementsAre(L"Unable to Load Menu", L"The host application is not available.",
+                            L"Unable to Load Toolbar", L"The host application is not available."));
+    EXPECT_THAT(recording::Log(), IsEmpty());
+}
+
 TEST_F(NoHost, IsNotNoticedWhenTheTextIsNotLoaded)
 {
     Build(L"<r>");

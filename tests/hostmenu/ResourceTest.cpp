@@ -105,6 +105,40 @@ TEST_F(ResourceBuild, ShowsThatTheTextIsEmptyWhenOnlyBlanksAreThere)
         EXPECT_THAT(box.buttons, testing::SizeIs(1));
 }
 
+TEST_F(ResourceBuild, ShowsThatTheTextIsEmptyForAnIdWithoutLowBits)
+{
+    for (const unsigned __int64 id : {0ull, 0x10000ull, 0x6500000000ull})
+        EXPECT_THAT(Built(id), IsEmpty()) << id;
+    EXPECT_THAT(Messages(), ElementsAre(L"XML File String is empty", L"XML File String is empty",
+                                        L"XML File String is empty"));
+}
+
+TEST_F(ResourceBuild, ShowsItsMessageAsAPlainBoxOfTheProgram)
+{
+    Built(999);
+    AfxMessageBox(L"plain");
+    ASSERT_EQ(m_boxes.Boxes().size(), 2u);
+    EXPECT_EQ(m_boxes.Boxes()[0].caption, m_boxes.Boxes()[1].caption);
+    EXPECT_EQ(m_boxes.Boxes()[0].icon, m_boxes.Boxes()[1].icon);
+    EXPECT_EQ(m_boxes.Boxes()[0].buttons, m_boxes.Boxes()[1].buttons);
+}
+
+TEST_F(ResourceBuild, TakesLongTypesAndModuleNames)
+{
+    const std::wstring type(5000, L'T');
+    EXPECT_THAT(Built(101, L"NoSuchModule.arx", type.c_str()), IsEmpty());
+    EXPECT_THAT(Messages(), ElementsAre(L"XML File String is empty"));
+    EXPECT_THAT(Built(101, std::wstring(5000, L'm') + L".arx"),
+                ElementsAre(LR"(menu1 = Create_ACADMenu(app, "program"))",
+                            ItemLine(L"menu1", LR"("i")", LR"("I ")", L"null")));
+}
+
+TEST_F(ResourceBuild, TakesAnEmptyModuleNameForAModuleThatIsNotLoaded)
+{
+    EXPECT_THAT(Built(101, L""), ElementsAre(LR"(menu1 = Create_ACADMenu(app, "program"))",
+                                             ItemLine(L"menu1", LR"("i")", LR"("I ")", L"null")));
+}
+
 TEST_F(ResourceBuild, EndsTheTextWithTheResourceWhenThereIsNoZeroByte)
 {
     EXPECT_THAT(Built(104), ElementsAre(LR"(menu1 = Create_ACADMenu(app, "without.end"))"));

@@ -30,10 +30,13 @@ VELM_API CString GetStringFrom(int value);
 // The same for a long ("%ld").
 VELM_API CString GetStringFrom(long value);
 
-// The number with two decimals, rounded as the run-time library's formatter rounds ("%.2f").
+// The number with two decimals, rounded as the run-time library's formatter rounds ("%.2f"). For an
+// infinity, or what is no number, comes the text that this formatter has for it, which differs from one
+// run-time library to another ("inf", "1.#J").
 VELM_API CString GetStringFrom(float value);
 
 // The number with six decimals, rounded as the run-time library's formatter rounds ("%.6lf").
+// Infinities and what is no number as above.
 VELM_API CString GetStringFrom(double value);
 
 // Takes a run of number characters out of `text`. A number character is one whose code, reduced to its

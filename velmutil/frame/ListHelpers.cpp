@@ -1,7 +1,6 @@
 #include "frame/ListHelpers.h"
 
-#include <stdexcept>
-
+#include "frame/BoundedList.h"
 #include "frame/TokenScan.h"
 
 void FillComboBox(CStringArray& items, CComboBox& box)
@@ -42,10 +41,6 @@ void FillStringArray(CListBox& box, CStringArray& items)
 
 void FillStringList(CStringArray& items, std::list<CString>& list)
 {
-    for (INT_PTR i = 0; i < items.GetSize(); ++i) {
-        // Not every standard library looks at its own limit.
-        if (list.size() >= list.max_size())
-            throw std::length_error("list too long");
-        list.push_back(items[i]);
-    }
+    for (INT_PTR i = 0; i < items.GetSize(); ++i)
+        AppendWithinLimit(list, items[i]);
 }

@@ -8,16 +8,26 @@ POSITION PositionOf(const CPtrList& list, INT_PTR index)
     return index == list.GetCount() - 1 ? list.GetTailPosition() : list.FindIndex(index);
 }
 
+// From the tail, where an element that is being cleared stands.
+POSITION LastPositionOf(const CPtrList& list, const void* element)
+{
+    for (POSITION next = list.GetTailPosition(); next != nullptr;) {
+        const POSITION position = next;
+        if (list.GetPrev(next) == element)
+            return position;
+    }
+    return nullptr;
+}
+
 void DeleteElement(CPtrList& list, POSITION position)
 {
-    const INT_PTR before = list.GetCount();
     void* const element = list.GetAt(position);
     delete static_cast<CObject*>(element);
-    // Where the destructor took elements out, the position may be gone with them.
-    if (list.GetCount() != before)
-        position = list.Find(element);
-    if (position != nullptr)
-        list.RemoveAt(position);
+    // A destructor may have taken the element out, and put another where it was: the position is not
+    // used any more.
+    const POSITION remaining = LastPositionOf(list, element);
+    if (remaining != nullptr)
+        list.RemoveAt(remaining);
 }
 
 }

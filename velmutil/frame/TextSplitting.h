@@ -21,6 +21,10 @@
 // what stands before its first zero. Characters of `text` behind an embedded zero are dropped by the
 // token form, and kept unsplit at the end of the last piece by the other.
 //
-// Takes time in proportion to the length of the text. Throws CMemoryException* when memory runs out;
-// `out` then holds some of the pieces.
+// Takes time in proportion to the length of the text. The length of `delimiter` multiplies it at worst: in
+// the token form for characters from U+0100 on only, each of which is looked up among the separators one
+// by one; in the other form where the text repeats long beginnings of the separator.
+//
+// Throws CMemoryException* when memory runs out. `out` is then empty, or has its final size, with empty
+// texts in place of the pieces that are missing.
 VELM_API void Split2Array(CString text, CString delimiter, CStringArray& out, bool asTokens);

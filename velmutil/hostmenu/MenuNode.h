@@ -19,7 +19,8 @@
 // sub-menu is released once, after its last child.
 //
 // Throws _com_error when the document model fails (a node that refuses to give its attributes counts as
-// one without), and lets pass what the companion throws: COleDispatchException* when the host fails.
+// one without), CMemoryException* when a text cannot be allocated, and lets pass what the companion throws:
+// COleDispatchException* when the host fails.
 // Entries added before that stay in the host. Rests on IXMLDOMNode and on the companion's
 // Append_MenuItem and Append_SubMenu.
 VELM_API void ProcessMenuNode(IXMLDOMNodePtr node, IAcadPopupMenu menu);

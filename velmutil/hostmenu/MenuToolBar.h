@@ -40,8 +40,10 @@
 // What was added before a failure stays in the host.
 //
 // Throws _com_error when the document object cannot be created or the document model fails, with the
-// code of the failing call, and E_OUTOFMEMORY when a text cannot be allocated. Other exceptions of the
-// companion pass through. A document object without its usual interfaces ends the call in silence.
+// code of the failing call, and with E_OUTOFMEMORY when a text for the document model cannot be allocated.
+// When memory runs out for one of the library's own texts, CMemoryException* is thrown; for the file name
+// of the module, std::bad_alloc. Other exceptions of the companion pass through. A document object without
+// its usual interfaces ends the call in silence.
 //
 // Calls CoInitialize on the calling thread and never uninitialises. References to host objects are
 // balanced: whatever the companion hands out is released exactly once. `xmlText` is taken up to its first
@@ -59,6 +61,8 @@ VELM_API void Append_MenuToolBar(unsigned __int64 resourceId, CString resourceTy
 
 // The value of the node that the XPath expression `xpath` selects from `node`, as text: for an attribute
 // "@Name" and the like. The empty string when `node` is null, when nothing is selected, or when the
-// value is null, which that of an element always is. Throws _com_error when the expression is not valid.
-// Rests on IXMLDOMNode::selectSingleNode and IXMLDOMNode::get_nodeValue.
+// value is null, which that of an element always is. Throws _com_error when the document model fails, as
+// for an expression that is not valid, when the value cannot be had as text, and with E_OUTOFMEMORY when
+// the expression cannot be copied; CMemoryException* when the result cannot be allocated. Rests on
+// IXMLDOMNode::selectSingleNode and IXMLDOMNode::get_nodeValue.
 VELM_API CString GetAttribVal(IXMLDOMNodePtr node, wchar_t* xpath);

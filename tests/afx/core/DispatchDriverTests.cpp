@@ -446,3 +446,17 @@ TEST(OleInit, StartsAnApartmentThatOleTermEnds)
         AfxOleTerm();
     }).join();
 }
+
+TEST(OleInit, StartsAnApartmentForEachThreadThatAsks)
+{
+    std::thread([] {
+        ASSERT_TRUE(AfxOleInit());
+        std::thread([] {
+            EXPECT_TRUE(AfxOleInit());
+            EXPECT_EQ(RPC_E_CHANGED_MODE, CoInitializeEx(NULL, COINIT_MULTITHREADED));
+            AfxOleTerm();
+        }).join();
+        EXPECT_EQ(RPC_E_CHANGED_MODE, CoInitializeEx(NULL, COINIT_MULTITHREADED));
+        AfxOleTerm();
+    }).join();
+}

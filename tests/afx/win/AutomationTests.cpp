@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 namespace
 {
 class CAutomated : public CCmdTarget
@@ -171,4 +173,29 @@ TEST(Automation, AggregatedObjectCountsOnTheOuterOne)
     dispatch->Release();
     EXPECT_EQ(0, outer.m_count);
     target.m_pOuterUnknown = nullptr;
+}
+
+TEST(Automation, AnObjectThatGoesIsDisconnectedFromOtherApartments)
+{
+    std::thread([] {
+        ASSERT_EQ(S_OK, ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
+        IStream* stream = nullptr;
+        bool deleted = false;
+        {
+            CAutomated object(&deleted);
+            ASSERT_EQ(S_OK, ::CoMarshalInterThreadInterfaceInStream(IID_IDispatch, object.GetIDispatch(FALSE),
+                                                                    &stream));
+            EXPECT_GT(object.m_dwRef, 1);
+        }
+        EXPECT_TRUE(deleted);
+        std::thread([stream] {
+            EXPECT_EQ(S_OK, ::CoInitializeEx(nullptr, COINIT_MULTITHREADED));
+            IDispatch* dispatch = nullptr;
+            EXPECT_TRUE(FAILED(::CoGetInterfaceAndReleaseStream(stream, IID_IDispatch,
+                                                                reinterpret_cast<void**>(&dispatch))));
+            EXPECT_EQ(nullptr, dispatch);
+            ::CoUninitialize();
+        }).join();
+        ::CoUninitialize();
+    }).join();
 }

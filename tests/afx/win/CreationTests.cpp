@@ -267,3 +267,26 @@ TEST(Destruction, AnObjectMadeWithNewMayDeleteItselfInPostNcDestroy)
     window->DestroyWindow();
     EXPECT_EQ(0, alive);
 }
+
+TEST(Creation, AnObjectWithAWindowKeepsItWhenASecondOneIsAskedFor)
+{
+    CRecording window;
+    ASSERT_TRUE(window.Make());
+    const HWND first = window.m_hWnd;
+    EXPECT_FALSE(window.Make());
+    EXPECT_EQ(first, window.m_hWnd);
+    EXPECT_EQ(&window, CWnd::FromHandlePermanent(first));
+    EXPECT_EQ(0, window.m_postNcDestroy);
+}
+
+TEST(Creation, AnExceptionOfPreSubclassWindowFailsItAndCallsPostNcDestroy)
+{
+    class CRefusing : public CRecording
+    {
+    protected:
+        virtual void PreSubclassWindow() { AfxThrowUserException(); }
+    } window;
+    EXPECT_FALSE(window.Make());
+    EXPECT_EQ(nullptr, window.m_hWnd);
+    EXPECT_EQ(1, window.m_postNcDestroy);
+}

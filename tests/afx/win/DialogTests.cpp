@@ -304,3 +304,45 @@ TEST(ModalLoop, QuitEndsItAndStaysForTheOuterPump)
     ASSERT_TRUE(::PeekMessage(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     EXPECT_EQ(WPARAM(23), message.wParam);
 }
+
+namespace
+{
+template <class Throw>
+class CThrowingDialog : public CTestDialog
+{
+public:
+    CThrowingDialog(CWnd* pParent, Throw throwIt) : CTestDialog(IDD_PLAIN, pParent), m_throw(throwIt)
+    {
+        m_onIdle = [this] { PostMessage(WM_USER + 40); };
+    }
+    virtual BOOL PreTranslateMessage(MSG* pMsg)
+    {
+        if (pMsg->message == WM_USER + 40)
+            m_throw();
+        return CTestDialog::PreTranslateMessage(pMsg);
+    }
+
+private:
+    Throw m_throw;
+};
+} // namespace
+
+TEST(Dialog, AnExceptionOfPreTranslateMessageEndsItWithMinusOne)
+{
+    TestWindow<> owner;
+    ASSERT_TRUE(owner.Make(WS_POPUP | WS_VISIBLE));
+    CThrowingDialog dialog(&owner, [] { AfxThrowUserException(); });
+    EXPECT_EQ(-1, dialog.DoModal());
+    EXPECT_EQ(nullptr, dialog.m_hWnd);
+    EXPECT_TRUE(owner.IsWindowEnabled());
+}
+
+TEST(Dialog, AForeignExceptionPassesAndLeavesTheOwnerEnabled)
+{
+    TestWindow<> owner;
+    ASSERT_TRUE(owner.Make(WS_POPUP | WS_VISIBLE));
+    CThrowingDialog dialog(&owner, [] { throw 5; });
+    EXPECT_THROW(dialog.DoModal(), int);
+    EXPECT_EQ(nullptr, dialog.m_hWnd);
+    EXPECT_TRUE(owner.IsWindowEnabled());
+}

@@ -310,3 +310,32 @@ TEST(Threads, ObjectGoesWithTheThread)
     EXPECT_EQ(1, deleted);
     ::CloseHandle(own);
 }
+
+namespace
+{
+class CCommandThread : public CWinThread
+{
+public:
+    int m_commands = 0;
+
+protected:
+    afx_msg void OnSomeCommand() { ++m_commands; }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CCommandThread, CWinThread)
+ON_COMMAND(100, &CCommandThread::OnSomeCommand)
+END_MESSAGE_MAP()
+} // namespace
+
+TEST(Threads, CommandHandlersAreNotForThreadMessages)
+{
+    CCommandThread thread;
+    MSG message{};
+    message.message = WM_COMMAND;
+    message.wParam = 5;
+    EXPECT_FALSE(thread.DispatchThreadMessageEx(&message));
+    EXPECT_EQ(0, thread.m_commands);
+    EXPECT_TRUE(thread.OnCmdMsg(100, CN_COMMAND, nullptr, nullptr));
+    EXPECT_EQ(1, thread.m_commands);
+}
