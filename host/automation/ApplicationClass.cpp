@@ -143,7 +143,7 @@ std::vector<Member> ApplicationMembers()
                      call.Return(static_cast<long>(shell ? shell->State() : WindowState::Normal));
                  },
                  PutWindowState),
-        Method(L"RunMacro", 35, {{L"MacroPath", ArgumentType::Text}}, RefuseMacros),
+        Method(L"RunMacro", 35, {{L"path", ArgumentType::Text}}, RefuseMacros),
         Method(L"GetAcadState", 42, {},
                [](D& self, C& call) {
                    self.Model();

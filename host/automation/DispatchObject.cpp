@@ -1,5 +1,8 @@
 #include "automation/DispatchObject.h"
 
+#include <algorithm>
+#include <new>
+
 #include "automation/ElementEnumerator.h"
 #include "automation/ExceptionInfo.h"
 #include "model/MenuText.h"
@@ -12,6 +15,7 @@ namespace
 
 void GetApplication(DispatchObject& self, DispatchCall& call)
 {
+    self.Class().parent(self); // throws when the element is gone
     call.Return(ApplicationOf(self));
 }
 
@@ -69,7 +73,7 @@ ClassTable::ClassTable(const wchar_t* className, ParentFunction parentFunction,
     members.push_back(Property(L"_NewEnum", DISPID_NEWENUM, GetNewEnum));
 }
 
-const Member* ClassTable::FindName(const wchar_t* memberName) const
+const Member* ClassTable::FindName(const wchar_t* memberName) const noexcept
 {
     for (const Member& member : members)
     {
@@ -147,7 +151,7 @@ STDMETHODIMP DispatchObject::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT cou
 {
     if (iid != IID_NULL)
         return DISP_E_UNKNOWNINTERFACE;
-    if (!names || !ids || count == 0)
+    if (!names || !ids || count == 0 || std::find(names, names + count, nullptr) != names + count)
         return E_INVALIDARG;
     const Member* member = m_table.FindName(names[0]);
     ids[0] = member ? member->id : DISPID_UNKNOWN;
@@ -188,6 +192,7 @@ STDMETHODIMP DispatchObject::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DIS
             return FillException(*fault, exception);
         if (!member)
             return DISP_E_MEMBERNOTFOUND;
+        Model(); // throws after the host's end, for every member
         if (member->get && (flags & DISPATCH_PROPERTYGET) && passed->cArgs > 0)
             return RunDefaultOf(*member, *passed, result);
         return Run(*member, flags, *passed, result);

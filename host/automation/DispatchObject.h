@@ -46,7 +46,7 @@ struct Collection
     ElementId (*at)(const DispatchObject& self, const Index& index);
     // The class of the elements.
     const ClassTable& (*itemClass)();
-    // Tells of an id that it had once whether the element is still there.
+    // Tells of an id that it had once whether it still has the element.
     bool (*exists)(const HostModel& model, ElementId id);
 };
 
@@ -60,7 +60,7 @@ struct ClassTable
     ClassTable(const wchar_t* name, ParentFunction parent, const Collection* collection,
                std::vector<Member> own);
 
-    const Member* FindName(const wchar_t* memberName) const;
+    const Member* FindName(const wchar_t* memberName) const noexcept;
     const Member* FindId(DISPID id) const;
 
     const wchar_t* name;

@@ -12,8 +12,8 @@
 namespace velmhost
 {
 
-// Walks over the elements that a collection had when it was made. Elements removed since are left out,
-// later ones do not appear.
+// Walks over the elements that a collection had when it was made. Elements that it has lost since are left
+// out, be they removed from the host or, for MenuBar, taken off the bar; later ones do not appear.
 class ElementEnumerator : public IEnumVARIANT
 {
 // Construction

@@ -1,20 +1,22 @@
 #include "automation/ExceptionInfo.h"
 
+#include <string_view>
+
 namespace velmhost
 {
 
 namespace
 {
 
-BSTR StringOrNull(const std::wstring& text)
+// A view, since making a std::wstring may fail just when a failure must go out.
+BSTR StringOrNull(std::wstring_view text) noexcept
 {
-    // Without memory for the text the failure goes out without it.
     return text.empty() ? nullptr : SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
 }
 
 }
 
-HRESULT ResultOf(Refusal reason)
+HRESULT ResultOf(Refusal reason) noexcept
 {
     switch (reason)
     {
@@ -31,15 +33,19 @@ HRESULT ResultOf(Refusal reason)
     return E_FAIL;
 }
 
-HRESULT FillException(const HostError& error, EXCEPINFO* exception)
+HRESULT FillException(const HostError& error, EXCEPINFO* exception) noexcept
 {
-    InvokeFault fault;
-    fault.scode = ResultOf(error.Reason());
-    fault.description = error.Description();
-    return FillException(fault, exception);
+    const HRESULT scode = ResultOf(error.Reason());
+    if (!exception)
+        return scode;
+    *exception = EXCEPINFO{};
+    exception->scode = scode;
+    exception->bstrSource = StringOrNull(kHostSource);
+    exception->bstrDescription = StringOrNull(error.Description());
+    return DISP_E_EXCEPTION;
 }
 
-HRESULT FillException(const InvokeFault& fault, EXCEPINFO* exception)
+HRESULT FillException(const InvokeFault& fault, EXCEPINFO* exception) noexcept
 {
     if (fault.result != DISP_E_EXCEPTION)
         return fault.result;

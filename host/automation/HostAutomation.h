@@ -3,9 +3,10 @@
 // The root is the application object; from it clients reach Application, MenuGroups, MenuGroup,
 // PopupMenus, PopupMenu, PopupMenuItem, MenuBar, Toolbars, Toolbar, ToolbarItem and AcadState objects.
 // All are late-bound (IDispatch without type information) and belong to the thread of the model. They
-// hold ids into the model, never pointers: once an element, the shell or the whole automation is gone,
-// their members fail with RPC_E_DISCONNECTED and a description. One element has one object for as
-// long as somebody holds it, so that clients can compare objects.
+// hold ids into the model, never pointers: once their element is gone, all their members fail with
+// RPC_E_DISCONNECTED and a description, and once the HostAutomation is gone, all members of all objects
+// do. For what needs a shell see SetShell. One element has one object for as long as somebody holds it, so
+// that clients can compare objects.
 //
 // Indexes and names follow the rules of Index in HostModel.h. An index may be any number, which is rounded
 // to a whole one, or text, which is always a name; other types are refused. A property that is given
@@ -17,12 +18,12 @@
 // Preferences, RunMacro, GetInterfaceObject, Save and SaveAs are there and refuse (E_NOTIMPL). For
 // MenuGroups.Load see MenuFile.h.
 //
-// Failures. What the dispatch layer itself finds is returned bare: DISP_E_MEMBERNOTFOUND,
-// DISP_E_BADPARAMCOUNT, DISP_E_PARAMNOTOPTIONAL, DISP_E_PARAMNOTFOUND, DISP_E_TYPEMISMATCH,
-// DISP_E_OVERFLOW and DISP_E_UNKNOWNNAME. What a member refuses is DISP_E_EXCEPTION with source
-// "VelmHost.Application", a description and scode: DISP_E_BADINDEX (nothing at that index or name),
-// E_INVALIDARG (value), HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS) (name taken), E_ACCESSDENIED (not on
-// this kind of element or not in this state), RPC_E_SERVERCALL_RETRYLATER (busy), STG_E_FILENOTFOUND,
+// Failures. What the dispatch layer itself finds comes first, but for the end of the host, and is returned
+// bare: DISP_E_MEMBERNOTFOUND, DISP_E_BADPARAMCOUNT, DISP_E_PARAMNOTOPTIONAL, DISP_E_PARAMNOTFOUND,
+// DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW and DISP_E_UNKNOWNNAME. What a member refuses is DISP_E_EXCEPTION
+// with source "VelmHost.Application", a description and scode: DISP_E_BADINDEX (nothing at that index or
+// name), E_INVALIDARG (value), HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS) (name taken), E_ACCESSDENIED (not
+// on this kind of element or not in this state), RPC_E_SERVERCALL_RETRYLATER (busy), STG_E_FILENOTFOUND,
 // HRESULT_FROM_WIN32(ERROR_INVALID_DATA) (menu file), E_NOTIMPL (no such thing here),
 // RPC_E_DISCONNECTED (element gone). Without an EXCEPINFO to fill, the scode itself is returned.
 #pragma once

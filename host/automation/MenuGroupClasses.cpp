@@ -35,7 +35,7 @@ const Collection kBar = {
     [](const D& self) { return IdsOf(self.Model().MenuBar()); },
     [](const D& self, const Index& index) { return self.Model().BarMenuAt(index).id; },
     PopupMenuClass,
-    [](const HostModel& model, ElementId id) { return model.FindMenu(id) != nullptr; },
+    [](const HostModel& model, ElementId id) { return model.IsOnMenuBar(id); },
 };
 
 }

@@ -87,8 +87,14 @@ const MenuGroup& HostModel::AddGroup(const std::wstring& name, MenuGroupType typ
         if (!replaced && SameName(group->name, name))
             throw HostError(Refusal::Duplicate, L"A menu group of this name is loaded already.");
     }
+    // Nobody is told before the new group stands: observers must not meet the exchange half done.
+    ElementId replaced = 0;
+    bool barChanged = false;
     if (type == MenuGroupType::Base && base != m_groups.end())
-        RemoveGroup((*base)->id);
+    {
+        replaced = (*base)->id;
+        barChanged = TakeOutGroup(replaced);
+    }
 
     auto group = std::make_unique<MenuGroup>();
     group->id = NewId(group.get());
@@ -96,12 +102,20 @@ const MenuGroup& HostModel::AddGroup(const std::wstring& name, MenuGroupType typ
     group->type = type;
     group->fileName = fileName;
     auto place = type == MenuGroupType::Base ? m_groups.begin() : m_groups.end();
-    const MenuGroup& added = **m_groups.insert(place, std::move(group));
-    Notify(ModelChange::What::Group, ModelChange::Kind::Added, added.id, 0);
-    return added;
+    const ElementId added = group->id;
+    m_groups.insert(place, std::move(group));
+    if (replaced != 0)
+        NotifyGroupRemoved(replaced, barChanged);
+    Notify(ModelChange::What::Group, ModelChange::Kind::Added, added, 0);
+    return Require<MenuGroup>(added);
 }
 
 void HostModel::RemoveGroup(ElementId id)
+{
+    NotifyGroupRemoved(id, TakeOutGroup(id));
+}
+
+bool HostModel::TakeOutGroup(ElementId id)
 {
     MenuGroup& group = Require<MenuGroup>(id);
     const size_t shown = m_menuBar.size();
@@ -113,6 +127,11 @@ void HostModel::RemoveGroup(ElementId id)
         Forget(*toolbar);
     m_records.erase(id);
     std::erase_if(m_groups, [id](const auto& each) { return each->id == id; });
+    return barChanged;
+}
+
+void HostModel::NotifyGroupRemoved(ElementId id, bool barChanged)
+{
     Notify(ModelChange::What::Group, ModelChange::Kind::Removed, id, 0);
     if (barChanged)
         Notify(ModelChange::What::MenuBar, ModelChange::Kind::Changed, 0, 0);

@@ -2,8 +2,10 @@
 //
 // A model belongs to the thread that made it. Every change goes through a member function, which
 // throws HostError when it refuses and has then changed nothing; observers are told after each change
-// that was made. Elements are named by ElementId; an id whose element was removed is refused with
-// Refusal::Gone. Names and labels are compared without regard to case, and `&` counts as a character.
+// that was made. What adds an element returns it, or throws Refusal::Gone when an observer took the new
+// element away again before the call came back. Elements are named by ElementId; an id whose element was
+// removed is refused with Refusal::Gone. Names and labels are compared without regard to case, and `&`
+// counts as a character.
 #pragma once
 
 #include <memory>
@@ -45,6 +47,14 @@ struct HostPolicies
     unsigned shortcutItemLimit = 499;
     // True: items, position and rows of a hidden toolbar cannot be changed (Refusal::NotAllowed).
     bool toolbarEditsNeedVisible = false;
+    // True: a hidden toolbar cannot be removed (Refusal::NotAllowed), other than with its group.
+    bool toolbarRemovalNeedsVisible = false;
+    // True: plain menu items and plain buttons need a macro that is not empty, as fly-outs always do
+    // (Refusal::Invalid), when they are added and when their macro is set.
+    bool macrosNeedText = false;
+    // True: labels of menu items and sub-menus and names of buttons may not be empty (Refusal::Invalid),
+    // when the element is added and when the text is set. Names of menus and toolbars still may.
+    bool labelsNeedText = false;
 };
 
 // What happened to which element. For a removal the element is gone already, and only its id, and the
@@ -62,7 +72,8 @@ struct ModelChange
 
 // Told of changes. Called on the model's thread, before the changing call returns; it may read the
 // model, change it, and add or remove observers, and must not throw. A removal of something that
-// contains other elements is told once, for the outermost.
+// contains other elements is told once, for the outermost. When an observer changes the model, those told
+// after it hear of that change first, so the element that they are told of may be gone already.
 class HostModelObserver
 {
 public:
@@ -124,7 +135,8 @@ public:
 // Operations: groups
 public:
     // Adds an empty group at the end, or, for a base group, at the front in place of the present base
-    // group, which is removed. Refusal::Duplicate when another group has the name.
+    // group, which is removed; observers are told of both once the new group is there.
+    // Refusal::Duplicate when another group has the name.
     const MenuGroup& AddGroup(const std::wstring& name, MenuGroupType type, const std::wstring& fileName);
     // Removes a group with its menus, on the bar or not, and its toolbars.
     void RemoveGroup(ElementId group);
@@ -143,7 +155,7 @@ public:
     void RemoveFromMenuBar(ElementId menu);
 
     // Each adds an entry to a menu and returns it; null when the hierarchy is full, which changes
-    // nothing. AddMenuSeparator may refuse, see HostPolicies::separators.
+    // nothing. All may refuse, see HostPolicies.
     const MenuItem* AddMenuItem(ElementId menu, const Index& before, const std::wstring& label,
                                 const std::wstring& macro);
     const MenuItem* AddSubMenu(ElementId menu, const Index& before, const std::wstring& label);
@@ -151,7 +163,8 @@ public:
     void RemoveMenuItem(ElementId item);
 
     // Label and help are refused for a separator; the macro for everything but a plain item; the tag
-    // when it is empty, holds anything but letters, digits and `_`, or is taken in the whole menu.
+    // when it is empty, holds anything but letters, digits and `_`, or is taken in the whole menu. An
+    // empty label or macro may be, see HostPolicies.
     void SetMenuItemLabel(ElementId item, const std::wstring& label);
     void SetMenuItemMacro(ElementId item, const std::wstring& macro);
     void SetMenuItemHelp(ElementId item, const std::wstring& help);
@@ -165,7 +178,8 @@ public:
 public:
     // Adds an empty toolbar, visible and floating. A name that is taken: see HostPolicies.
     const Toolbar& AddToolbar(ElementId group, const std::wstring& name);
-    // Fly-outs to which the toolbar was attached have none afterwards.
+    // Fly-outs to which the toolbar was attached have none afterwards. May refuse, see
+    // HostPolicies::toolbarRemovalNeedsVisible.
     void RemoveToolbar(ElementId toolbar);
     // Refuses a name that is taken, unless duplicateAdd is AddSecond.
     void SetToolbarName(ElementId toolbar, const std::wstring& name);
@@ -183,7 +197,8 @@ public:
     // The shell tells what it made of a toolbar, for clients to read. Observers are not told.
     void ReportToolbarFrame(ElementId toolbar, DockStatus dock, const ToolbarFrame& frame);
 
-    // Adds a button or fly-out. A fly-out needs a macro that is not empty, though it is never run.
+    // Adds a button or fly-out. A fly-out needs a macro that is not empty, though it is never run. May
+    // refuse other empty text, see HostPolicies.
     const ToolbarItem& AddToolbarButton(ElementId toolbar, const Index& before, const std::wstring& name,
                                         const std::wstring& help, const std::wstring& macro, bool flyout);
     // May refuse, see HostPolicies::separators.
@@ -193,8 +208,8 @@ public:
     // or toolbar in it; Refusal::Invalid for the toolbar that holds the item.
     void AttachFlyout(ElementId item, const std::wstring& groupName, const std::wstring& toolbarName);
 
-    // All but the tag are refused for a separator, and an empty macro for a fly-out. The rules of tags
-    // are those of menu items, within one toolbar.
+    // All but the tag are refused for a separator, and an empty macro for a fly-out; other empty text may
+    // be, see HostPolicies. The rules of tags are those of menu items, within one toolbar.
     void SetToolbarItemName(ElementId item, const std::wstring& name);
     void SetToolbarItemMacro(ElementId item, const std::wstring& macro);
     void SetToolbarItemHelp(ElementId item, const std::wstring& help);
@@ -226,6 +241,9 @@ private:
         return m_lastId;
     }
 
+    // Takes a group out and tells nobody. Returns whether the menu bar lost menus.
+    bool TakeOutGroup(ElementId group);
+    void NotifyGroupRemoved(ElementId group, bool barChanged);
     void Forget(const Menu& menu);
     void Forget(const MenuItem& item);
     void Forget(const Toolbar& toolbar);
@@ -241,6 +259,8 @@ private:
     ToolbarItem& RequireButton(ElementId item) const;
     Toolbar& RequireEditable(ElementId toolbar) const;
     void RequireEditable(const Toolbar& toolbar) const;
+    void RequireLabel(const std::wstring& label) const;
+    void RequireMacro(const std::wstring& macro) const;
 
     HostPolicies m_policies;
     std::vector<std::unique_ptr<MenuGroup>> m_groups;

@@ -67,9 +67,10 @@ const Menu& HostModel::AddMenu(ElementId groupId, const std::wstring& name)
     menu->name = name;
     menu->tag = L"ID_" + std::to_wstring(menu->id);
     menu->shortcut = shortcut;
-    const Menu& added = *group.menus.emplace_back(std::move(menu));
-    Notify(ModelChange::What::Menu, ModelChange::Kind::Added, added.id, groupId);
-    return added;
+    const ElementId added = menu->id;
+    group.menus.push_back(std::move(menu));
+    Notify(ModelChange::What::Menu, ModelChange::Kind::Added, added, groupId);
+    return Require<Menu>(added);
 }
 
 void HostModel::SetMenuName(ElementId id, const std::wstring& name)
@@ -137,27 +138,33 @@ const MenuItem* HostModel::InsertMenuItem(Menu& menu, const Index& before,
         subMenu->tag = item->tag;
     }
     const auto place = menu.items.begin() + static_cast<std::ptrdiff_t>(position);
-    const MenuItem& added = **menu.items.insert(place, std::move(item));
-    Notify(ModelChange::What::MenuItem, ModelChange::Kind::Added, added.id, menu.id);
-    return &added;
+    const ElementId added = item->id;
+    menu.items.insert(place, std::move(item));
+    Notify(ModelChange::What::MenuItem, ModelChange::Kind::Added, added, menu.id);
+    return &Require<MenuItem>(added);
 }
 
 const MenuItem* HostModel::AddMenuItem(ElementId menu, const Index& before, const std::wstring& label,
                                        const std::wstring& macro)
 {
+    Menu& parent = Require<Menu>(menu);
+    RequireLabel(label);
+    RequireMacro(macro);
     auto item = std::make_unique<MenuItem>();
     item->label = label;
     item->macro = macro;
-    return InsertMenuItem(Require<Menu>(menu), before, std::move(item));
+    return InsertMenuItem(parent, before, std::move(item));
 }
 
 const MenuItem* HostModel::AddSubMenu(ElementId menu, const Index& before, const std::wstring& label)
 {
+    Menu& parent = Require<Menu>(menu);
+    RequireLabel(label);
     auto item = std::make_unique<MenuItem>();
     item->type = MenuItemType::SubMenu;
     item->label = label;
     item->subMenu = std::make_unique<Menu>();
-    return InsertMenuItem(Require<Menu>(menu), before, std::move(item));
+    return InsertMenuItem(parent, before, std::move(item));
 }
 
 const MenuItem* HostModel::AddMenuSeparator(ElementId menu, const Index& before)
@@ -189,9 +196,22 @@ MenuItem& HostModel::RequireLabelled(ElementId id) const
     return item;
 }
 
+void HostModel::RequireLabel(const std::wstring& label) const
+{
+    if (m_policies.labelsNeedText && label.empty())
+        throw HostError(Refusal::Invalid, L"The label or name is empty.");
+}
+
+void HostModel::RequireMacro(const std::wstring& macro) const
+{
+    if (m_policies.macrosNeedText && macro.empty())
+        throw HostError(Refusal::Invalid, L"The macro is empty.");
+}
+
 void HostModel::SetMenuItemLabel(ElementId id, const std::wstring& label)
 {
     MenuItem& item = RequireLabelled(id);
+    RequireLabel(label);
     if (item.label == label)
         return;
     item.label = label;
@@ -205,6 +225,7 @@ void HostModel::SetMenuItemMacro(ElementId id, const std::wstring& macro)
     MenuItem& item = Require<MenuItem>(id);
     if (item.type != MenuItemType::Item)
         throw HostError(Refusal::NotAllowed, L"Separators and sub-menus have no macro.");
+    RequireMacro(macro);
     if (item.macro == macro)
         return;
     item.macro = macro;

@@ -41,14 +41,17 @@ const Toolbar& HostModel::AddToolbar(ElementId groupId, const std::wstring& name
     toolbar->group = &group;
     toolbar->name = name;
     toolbar->tag = L"ID_" + std::to_wstring(toolbar->id);
-    const Toolbar& added = *group.toolbars.emplace_back(std::move(toolbar));
-    Notify(ModelChange::What::Toolbar, ModelChange::Kind::Added, added.id, groupId);
-    return added;
+    const ElementId added = toolbar->id;
+    group.toolbars.push_back(std::move(toolbar));
+    Notify(ModelChange::What::Toolbar, ModelChange::Kind::Added, added, groupId);
+    return Require<Toolbar>(added);
 }
 
 void HostModel::RemoveToolbar(ElementId id)
 {
     const Toolbar& toolbar = Require<Toolbar>(id);
+    if (m_policies.toolbarRemovalNeedsVisible && !toolbar.visible)
+        throw HostError(Refusal::NotAllowed, L"The toolbar is hidden.");
     MenuGroup& group = *toolbar.group;
     Forget(toolbar);
     std::erase_if(group.toolbars, [id](const auto& each) { return each->id == id; });
@@ -129,6 +132,9 @@ void HostModel::FloatToolbar(ElementId id, long top, long left, long rows)
     Toolbar& toolbar = RequireEditable(id);
     if (rows < 1)
         throw HostError(Refusal::Invalid, L"A toolbar has at least one row.");
+    if (toolbar.dock == DockStatus::Floating && toolbar.frame.top == top && toolbar.frame.left == left
+        && toolbar.floatingRows == rows)
+        return;
     toolbar.dock = DockStatus::Floating;
     toolbar.frame.top = top;
     toolbar.frame.left = left;
@@ -185,9 +191,10 @@ const ToolbarItem& HostModel::InsertToolbarItem(Toolbar& toolbar, const Index& b
     while (HasTag(toolbar, item->tag)) // a client may have chosen just this one
         item->tag += L'_';
     const auto place = toolbar.items.begin() + static_cast<std::ptrdiff_t>(position);
-    const ToolbarItem& added = **toolbar.items.insert(place, std::move(item));
-    Notify(ModelChange::What::ToolbarItem, ModelChange::Kind::Added, added.id, toolbar.id);
-    return added;
+    const ElementId added = item->id;
+    toolbar.items.insert(place, std::move(item));
+    Notify(ModelChange::What::ToolbarItem, ModelChange::Kind::Added, added, toolbar.id);
+    return Require<ToolbarItem>(added);
 }
 
 const ToolbarItem& HostModel::AddToolbarButton(ElementId id, const Index& before,
@@ -195,6 +202,8 @@ const ToolbarItem& HostModel::AddToolbarButton(ElementId id, const Index& before
                                                const std::wstring& macro, bool flyout)
 {
     Toolbar& toolbar = RequireEditable(id);
+    RequireLabel(name);
+    RequireMacro(macro);
     if (flyout && macro.empty())
         throw HostError(Refusal::Invalid, L"A fly-out needs a macro that is not empty.");
     auto item = std::make_unique<ToolbarItem>();
@@ -249,6 +258,7 @@ ToolbarItem& HostModel::RequireButton(ElementId id) const
 void HostModel::SetToolbarItemName(ElementId id, const std::wstring& name)
 {
     ToolbarItem& item = RequireButton(id);
+    RequireLabel(name);
     if (item.name == name)
         return;
     item.name = name;
@@ -258,6 +268,7 @@ void HostModel::SetToolbarItemName(ElementId id, const std::wstring& name)
 void HostModel::SetToolbarItemMacro(ElementId id, const std::wstring& macro)
 {
     ToolbarItem& item = RequireButton(id);
+    RequireMacro(macro);
     if (item.type == ToolbarItemType::Flyout && macro.empty())
         throw HostError(Refusal::Invalid, L"A fly-out needs a macro that is not empty.");
     if (item.macro == macro)

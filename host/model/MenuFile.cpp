@@ -100,6 +100,14 @@ std::wstring MacroOf(const std::wstring& text)
     return macro;
 }
 
+// Observers of the model may take the group away while it is read.
+const MenuGroup& RequireGroup(const HostModel& model, ElementId id)
+{
+    if (const MenuGroup* group = model.FindGroup(id))
+        return *group;
+    throw HostError(Refusal::Gone, L"The menu group was removed while it was loaded.");
+}
+
 class GroupReader
 {
 public:
@@ -107,6 +115,9 @@ public:
         : m_model(model), m_fileName(fileName), m_type(type)
     {
     }
+
+    // The id of the group that was begun, or 0.
+    ElementId Group() const { return m_group; }
 
     // Returns the id of the group.
     ElementId Read(const std::vector<Line>& lines)
@@ -258,19 +269,21 @@ private:
 
     void ReadButton(const Line& line, bool flyout)
     {
-        const ToolbarItem& item =
-            m_model.AddToolbarButton(CurrentToolbar(line), kAtEnd, Field(line, 0), Field(line, 2),
-                                     MacroOf(Field(line, 1)), flyout);
-        m_model.SetToolbarItemBitmaps(item.id, Field(line, 3), Field(line, 4));
+        const ElementId item = m_model
+                                   .AddToolbarButton(CurrentToolbar(line), kAtEnd, Field(line, 0),
+                                                     Field(line, 2), MacroOf(Field(line, 1)), flyout)
+                                   .id;
+        m_model.SetToolbarItemBitmaps(item, Field(line, 3), Field(line, 4));
         if (flyout)
-            m_attachments.push_back({line.number, item.id, Field(line, 5)});
+            m_attachments.push_back({line.number, item, Field(line, 5)});
     }
 
     void Attach(const Attachment& attachment)
     {
         try
         {
-            m_model.AttachFlyout(attachment.item, m_model.FindGroup(m_group)->name, attachment.toolbar);
+            m_model.AttachFlyout(attachment.item, RequireGroup(m_model, m_group).name,
+                                 attachment.toolbar);
         }
         catch (const HostError& error)
         {
@@ -287,10 +300,24 @@ private:
     std::vector<Attachment> m_attachments;
 };
 
+// The full name of a file whose name has a folder, or empty text.
+std::wstring FileInFolder(const std::wstring& fileName)
+{
+    const DWORD size = GetFullPathNameW(fileName.c_str(), 0, nullptr, nullptr);
+    std::wstring full(size, L'\0');
+    const DWORD length = GetFullPathNameW(fileName.c_str(), size, full.data(), nullptr);
+    full.resize(length < size ? length : 0);
+    const DWORD attributes = GetFileAttributesW(full.c_str());
+    const bool isFile = attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+    return isFile ? full : std::wstring();
+}
+
 }
 
 std::wstring FindMenuFile(const std::wstring& fileName)
 {
+    if (fileName.find_first_of(L"\\/:") != std::wstring::npos)
+        return FileInFolder(fileName);
     const DWORD size = SearchPathW(nullptr, fileName.c_str(), nullptr, 0, nullptr, nullptr);
     if (size == 0)
         return std::wstring();
@@ -312,7 +339,18 @@ const MenuGroup& LoadMenuFile(HostModel& model, const std::wstring& fileName, Me
     trial.Policies() = model.Policies();
     GroupReader(trial, found, MenuGroupType::Base).Read(lines);
 
-    return *model.FindGroup(GroupReader(model, found, type).Read(lines));
+    GroupReader reader(model, found, type);
+    try
+    {
+        return RequireGroup(model, reader.Read(lines));
+    }
+    catch (const HostError&)
+    {
+        // The file is valid, so an observer stood in the way.
+        if (model.FindGroup(reader.Group()))
+            model.RemoveGroup(reader.Group());
+        throw;
+    }
 }
 
 }

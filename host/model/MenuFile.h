@@ -28,14 +28,15 @@ namespace velmhost
 
 class HostModel;
 
-// Looks for a menu file: a name with a folder is taken as it stands, another one is searched for in the
-// program's folder, the current folder and the system's path. Returns its full name, or empty text.
-// Rests on SearchPath.
+// Looks for a menu file: a name with a folder or drive is taken as it stands, from the current folder on
+// when it is relative, and searched for nowhere else; another one is searched for in the program's folder,
+// the current folder and the system's path. Returns its full name, or empty text. Rests on
+// GetFullPathName and SearchPath.
 std::wstring FindMenuFile(const std::wstring& fileName);
 
 // Adds the group of a menu file. With `type` Base it takes the place of the base group. Throws HostError:
 // FileMissing, FileInvalid (with the number of the line), Duplicate when the group is loaded already.
-// Nothing stays of a group that failed.
+// Gone or FileInvalid when an observer of the model interferes. Nothing stays of a group that failed.
 const MenuGroup& LoadMenuFile(HostModel& model, const std::wstring& fileName, MenuGroupType type);
 
 }

@@ -40,10 +40,14 @@ std::wstring CaptionOf(const std::wstring& label)
     return WithoutMnemonic(shown);
 }
 
-bool SameName(const std::wstring& left, const std::wstring& right)
+bool SameName(std::wstring_view left, std::wstring_view right) noexcept
 {
-    return CompareStringOrdinal(left.c_str(), static_cast<int>(left.size()), right.c_str(),
-                                static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
+    if (left.size() != right.size())
+        return false;
+    // An empty view may have no address at all, which the call refuses even with a length of 0.
+    return left.empty()
+           || CompareStringOrdinal(left.data(), static_cast<int>(left.size()), right.data(),
+                                   static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
 }
 
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace velmhost
 {
@@ -15,6 +16,6 @@ std::wstring WithoutMnemonic(const std::wstring& text);
 std::wstring CaptionOf(const std::wstring& label);
 
 // True when two names are the same without regard to case; ordinal, in all scripts.
-bool SameName(const std::wstring& left, const std::wstring& right);
+bool SameName(std::wstring_view left, std::wstring_view right) noexcept;
 
 }

@@ -1,5 +1,8 @@
 #include "AutomationFixture.h"
+#include "FailingMemory.h"
 #include "kit/Files.h"
+
+#include <optional>
 
 using namespace hosttest;
 using namespace velmhost;
@@ -160,6 +163,47 @@ TEST_F(AutomationShell, QuitIsRefusedWhileBusy)
     EXPECT_EQ(m_shell.m_seen, L"quit ");
 }
 
+TEST_F(AutomationShell, RefusalGoesOutWithoutMemory)
+{
+    if (!FailingMemory::IsPossible())
+        GTEST_SKIP() << "this build's memory cannot be made to fail";
+    // Refuses with a text that is short enough to need no memory, and leaves none.
+    class ExhaustingShell : public RecordingShell
+    {
+    public:
+        void Quit() override
+        {
+            m_failing.emplace();
+            throw HostError(Refusal::Busy, L"busy");
+        }
+        std::optional<FailingMemory> m_failing;
+    };
+    ExhaustingShell shell;
+    m_automation->SetShell(&shell);
+    const Object app = App();
+    const DISPID quit = app.IdOf(L"Quit");
+    DISPPARAMS none{};
+    EXCEPINFO exception{};
+    const HRESULT result =
+        app.Raw()->Invoke(quit, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, &exception, nullptr);
+    shell.m_failing.reset();
+    EXPECT_EQ(result, DISP_E_EXCEPTION);
+    EXPECT_EQ(exception.scode, RPC_E_SERVERCALL_RETRYLATER);
+    EXPECT_STREQ(exception.bstrDescription, L"busy");
+    EXPECT_STREQ(exception.bstrSource, L"VelmHost.Application");
+    SysFreeString(exception.bstrDescription);
+    SysFreeString(exception.bstrSource);
+    m_automation->SetShell(nullptr);
+}
+
+TEST_F(AutomationShell, ShellThatWentIsAsNone)
+{
+    m_automation->SetShell(nullptr);
+    EXPECT_EQ(App().Get(L"Caption").Text(), L"Velm Host");
+    EXPECT_EQ(App().Get(L"Width").Number(), 0);
+    ExpectRefused(App().Call(L"Update"), E_NOTIMPL);
+}
+
 TEST_F(AutomationShell, AddInsAreLoadedListedAndUnloaded)
 {
     EXPECT_EQ(App().Call(L"LoadArx", L"a.arx").result, S_OK);
@@ -181,8 +225,14 @@ TEST_F(AutomationApplication, ObjectsOutliveTheHostAndFail)
     const Object toolbars = Toolbars();
     m_automation.reset();
     for (const Outcome& outcome :
-         {app.Get(L"MenuGroups"), app.Get(L"Visible"), groups.Get(L"Count"), menu.Get(L"Name"),
-          menu.Get(L"Application"), item.Put(L"Label", L"x"), toolbars.Call(L"Add", L"x")})
+         {groups.Get(L"Count"), menu.Get(L"Name"), menu.Get(L"Application"), item.Put(L"Label", L"x"),
+          toolbars.Call(L"Add", L"x"), app.Call(L"Quit"), app.Call(L"RunMacro", L"x"), app.Call(L"ListArx")})
         ExpectRefused(outcome, RPC_E_DISCONNECTED);
-    EXPECT_EQ(app.Get(L"Name").Text(), L"Velm Host");
+    for (const wchar_t* property :
+         {L"Visible", L"Name", L"Caption", L"Application", L"ActiveDocument", L"FullName", L"Path", L"LocaleId",
+          L"Version", L"Preferences", L"MenuGroups", L"MenuBar", L"Documents", L"WindowState", L"HWND"})
+    {
+        SCOPED_TRACE(property);
+        ExpectRefused(app.Get(property), RPC_E_DISCONNECTED);
+    }
 }

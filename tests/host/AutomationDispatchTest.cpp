@@ -1,4 +1,5 @@
 #include "AutomationFixture.h"
+#include "FailingMemory.h"
 
 using namespace hosttest;
 
@@ -116,6 +117,51 @@ TEST_F(AutomationDispatch, UnknownNameIsReportedAsSuch)
               DISP_E_UNKNOWNINTERFACE);
 }
 
+TEST_F(AutomationDispatch, NullIsNoName)
+{
+    LPOLESTR names[] = {const_cast<LPOLESTR>(L"AddToolbarButton"), nullptr};
+    DISPID ids[2] = {};
+    const Object toolbar = AddToolbar();
+    EXPECT_EQ(toolbar.Raw()->GetIDsOfNames(IID_NULL, names, 2, LOCALE_NEUTRAL, ids), E_INVALIDARG);
+    EXPECT_EQ(toolbar.Raw()->GetIDsOfNames(IID_NULL, names + 1, 1, LOCALE_NEUTRAL, ids), E_INVALIDARG);
+    EXPECT_EQ(toolbar.Raw()->GetIDsOfNames(IID_NULL, nullptr, 1, LOCALE_NEUTRAL, ids), E_INVALIDARG);
+}
+
+TEST_F(AutomationDispatch, NamesAreFoundWithoutMemory)
+{
+    if (!FailingMemory::IsPossible())
+        GTEST_SKIP() << "this build's memory cannot be made to fail";
+    LPOLESTR names[] = {const_cast<LPOLESTR>(L"AddToolbarButton"), const_cast<LPOLESTR>(L"FlyoutButton")};
+    DISPID ids[2] = {};
+    const Object toolbar = AddToolbar();
+    HRESULT result = E_FAIL;
+    {
+        const FailingMemory failing;
+        result = toolbar.Raw()->GetIDsOfNames(IID_NULL, names, 2, LOCALE_NEUTRAL, ids);
+    }
+    EXPECT_EQ(result, S_OK);
+    EXPECT_EQ(ids[0], 0x60020015);
+    EXPECT_EQ(ids[1], 4);
+}
+
+TEST_F(AutomationDispatch, CallWithoutMemoryReturnsThatAsItsResult)
+{
+    if (!FailingMemory::IsPossible())
+        GTEST_SKIP() << "this build's memory cannot be made to fail";
+    const Object menus = Menus();
+    _variant_t name(L"a name that needs memory of its own");
+    VARIANT argument = name;
+    DISPPARAMS params{&argument, nullptr, 1, 0};
+    const DISPID add = menus.IdOf(L"Add");
+    HRESULT result = S_OK;
+    {
+        const FailingMemory failing;
+        result = menus.Raw()->Invoke(add, IID_NULL, 0, DISPATCH_METHOD, &params, nullptr, nullptr, nullptr);
+    }
+    EXPECT_EQ(result, E_OUTOFMEMORY);
+    EXPECT_EQ(menus.Get(L"Count").Number(), 0);
+}
+
 TEST_F(AutomationDispatch, ArgumentNamesAreTheirPositions)
 {
     LPOLESTR names[] = {const_cast<LPOLESTR>(L"AddToolbarButton"), const_cast<LPOLESTR>(L"Index"),
@@ -130,6 +176,9 @@ TEST_F(AutomationDispatch, ArgumentNamesAreTheirPositions)
     EXPECT_EQ(toolbar.Raw()->GetIDsOfNames(IID_NULL, names, 7, LOCALE_NEUTRAL, ids), DISP_E_UNKNOWNNAME);
     EXPECT_EQ(ids[6], DISPID_UNKNOWN);
     EXPECT_EQ(ids[5], 4);
+    LPOLESTR macro[] = {const_cast<LPOLESTR>(L"RunMacro"), const_cast<LPOLESTR>(L"path")};
+    EXPECT_EQ(App().Raw()->GetIDsOfNames(IID_NULL, macro, 2, LOCALE_NEUTRAL, ids), S_OK);
+    EXPECT_EQ(ids[1], 0);
 }
 
 TEST_F(AutomationDispatch, NamedArgumentsGoToTheirPlaces)

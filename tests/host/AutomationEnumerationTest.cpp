@@ -115,6 +115,18 @@ TEST_F(AutomationEnumeration, LeavesOutWhatWasRemovedMeanwhile)
     EXPECT_EQ(Next(walk, L"Label"), L"end");
 }
 
+TEST_F(AutomationEnumeration, OfTheBarLeavesOutMenusTakenOffItMeanwhile)
+{
+    const Object a = AddMenu(L"&A"), b = AddMenu(L"&B"), c = AddMenu(L"&C");
+    for (const Object& menu : {a, b, c})
+        menu.Call(L"InsertInMenuBar", 99L);
+    const Enumerator walk = EnumeratorOf(Bar());
+    EXPECT_EQ(b.Call(L"RemoveFromMenuBar").result, S_OK);
+    EXPECT_EQ(Next(walk), L"&A");
+    EXPECT_EQ(Next(walk), L"&C");
+    EXPECT_EQ(Next(walk), L"end");
+}
+
 TEST_F(AutomationEnumeration, EndsWithTheHost)
 {
     AddMenu();

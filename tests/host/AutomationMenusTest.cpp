@@ -1,4 +1,5 @@
 #include "AutomationFixture.h"
+#include "ModelReaction.h"
 
 using namespace hosttest;
 using namespace velmhost;
@@ -217,6 +218,9 @@ TEST_F(AutomationMenus, AddSubMenuReturnsTheNewMenu)
     EXPECT_FALSE(sub.Get(L"OnMenuBar").Flag());
     AddItem(sub, L"leaf");
     const Object opener = menu.Call(L"Item", 0L);
+    EXPECT_EQ(sub.Get(L"TagString").Text(), opener.Get(L"TagString").Text());
+    opener.Put(L"TagString", L"MINE");
+    EXPECT_EQ(sub.Get(L"TagString").Text(), L"MINE");
     EXPECT_EQ(opener.Get(L"Type").Number(), 2);
     EXPECT_EQ(opener.Get(L"Label").Text(), L"&More");
     EXPECT_EQ(opener.Get(L"Macro").Text(), L"");
@@ -241,7 +245,8 @@ TEST_F(AutomationMenus, DeletedItemIsGoneAndFails)
     EXPECT_EQ(a.Call(L"Delete").result, S_OK);
     EXPECT_EQ(Labels(menu), L"b");
     for (const Outcome& outcome : {a.Get(L"Label"), a.Get(L"Index"), a.Get(L"Parent"), a.Put(L"Check", true),
-                                   a.Put(L"Label", L"x"), a.Call(L"Delete"), a.Get(L"SubMenu")})
+                                   a.Put(L"Label", L"x"), a.Call(L"Delete"), a.Get(L"SubMenu"),
+                                   a.Get(L"Application")})
         ExpectRefused(outcome, RPC_E_DISCONNECTED);
 }
 
@@ -253,7 +258,7 @@ TEST_F(AutomationMenus, DeletedSubMenuFailsInDepth)
     Object(menu.Call(L"Item", 0L)).Call(L"Delete");
     for (const Outcome& outcome :
          {sub.Get(L"Name"), sub.Get(L"Count"), sub.Call(L"Item", 0L), sub.Call(L"AddSeparator", 0L),
-          sub.Get(L"Parent"), leaf.Get(L"Label")})
+          sub.Get(L"Parent"), sub.Get(L"Application"), leaf.Get(L"Label")})
         ExpectRefused(outcome, RPC_E_DISCONNECTED);
 }
 
@@ -277,4 +282,16 @@ TEST_F(AutomationMenus, AllThreeArgumentsOfAnItemAreMandatory)
     EXPECT_EQ(menu.Call(L"AddMenuItem", 0L, L"a", Missing()).result, DISP_E_PARAMNOTOPTIONAL);
     EXPECT_EQ(menu.Call(L"AddMenuItem", Missing(), L"a", L"m").result, DISP_E_PARAMNOTOPTIONAL);
     EXPECT_EQ(menu.Get(L"Count").Number(), 0);
+}
+
+TEST_F(AutomationMenus, ElementThatAnObserverTakesAwayAtOnceIsGone)
+{
+    const Object menus = Menus(), menu = AddMenu();
+    AddItem(menu, L"a");
+    const ModelReaction reaction(m_model, TakeAway(m_model));
+    ExpectRefused(menu.Call(L"AddMenuItem", 9L, L"b", L"m"), RPC_E_DISCONNECTED);
+    ExpectRefused(menu.Call(L"AddSubMenu", 9L, L"b"), RPC_E_DISCONNECTED);
+    ExpectRefused(menu.Call(L"AddSeparator", 9L), RPC_E_DISCONNECTED);
+    EXPECT_EQ(Labels(menu), L"a");
+    ExpectRefused(menus.Call(L"Add", L"&B"), RPC_E_DISCONNECTED);
 }

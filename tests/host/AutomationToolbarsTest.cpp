@@ -1,4 +1,5 @@
 #include "AutomationFixture.h"
+#include "ModelReaction.h"
 
 using namespace hosttest;
 using namespace velmhost;
@@ -271,7 +272,7 @@ TEST_F(AutomationToolbars, DeletedObjectsFail)
     EXPECT_EQ(Toolbars().Get(L"Count").Number(), 0);
     for (const Outcome& outcome :
          {toolbar.Get(L"Name"), toolbar.Put(L"Visible", true), toolbar.Call(L"Dock", 0L), toolbar.Get(L"Count"),
-          toolbar.Call(L"Delete"), toolbar.Get(L"LargeButtons"), b.Get(L"Macro"), b.Call(L"Delete"),
+          toolbar.Call(L"Delete"), toolbar.Get(L"LargeButtons"), toolbar.Get(L"Application"), b.Get(L"Macro"), b.Call(L"Delete"),
           b.Call(L"SetBitmaps", L"", L"")})
         ExpectRefused(outcome, RPC_E_DISCONNECTED);
 }
@@ -284,4 +285,27 @@ TEST_F(AutomationToolbars, HiddenToolbarRefusesEditsWhenAsked)
     ExpectRefused(toolbar.Call(L"AddToolbarButton", 0L, L"a", L"h", L"m"), E_ACCESSDENIED);
     toolbar.Put(L"Visible", true);
     EXPECT_EQ(toolbar.Call(L"AddToolbarButton", 0L, L"a", L"h", L"m").result, S_OK);
+}
+
+TEST_F(AutomationToolbars, ElementThatAnObserverTakesAwayAtOnceIsGone)
+{
+    const Object toolbars = Toolbars(), toolbar = AddToolbar();
+    AddButton(toolbar, L"a");
+    const ModelReaction reaction(m_model, TakeAway(m_model));
+    ExpectRefused(toolbar.Call(L"AddToolbarButton", 9L, L"b", L"h", L"m"), RPC_E_DISCONNECTED);
+    ExpectRefused(toolbar.Call(L"AddSeparator", 9L), RPC_E_DISCONNECTED);
+    ExpectRefused(toolbars.Call(L"Add", L"b"), RPC_E_DISCONNECTED);
+    EXPECT_EQ(Names(toolbar), L"a");
+    EXPECT_EQ(toolbars.Get(L"Count").Number(), 1);
+}
+
+TEST_F(AutomationToolbars, HiddenToolbarIsNotDeletedWhenThatIsAsked)
+{
+    m_model.Policies().toolbarRemovalNeedsVisible = true;
+    const Object toolbar = AddToolbar();
+    toolbar.Put(L"Visible", false);
+    ExpectRefused(toolbar.Call(L"Delete"), E_ACCESSDENIED);
+    EXPECT_EQ(toolbar.Get(L"Name").Text(), L"Draw");
+    toolbar.Put(L"Visible", true);
+    EXPECT_EQ(toolbar.Call(L"Delete").result, S_OK);
 }

@@ -1,4 +1,5 @@
 #include "ModelFixture.h"
+#include "ModelReaction.h"
 #include "kit/Files.h"
 #include "model/MenuFile.h"
 #include "model/ModelPrinter.h"
@@ -8,6 +9,19 @@ using namespace velmhost;
 
 namespace
 {
+
+// Makes a folder the current one for as long as it lives.
+class CurrentFolder
+{
+public:
+    explicit CurrentFolder(const std::filesystem::path& folder) { std::filesystem::current_path(folder); }
+    ~CurrentFolder() { std::filesystem::current_path(m_before); }
+    CurrentFolder(const CurrentFolder&) = delete;
+    CurrentFolder& operator=(const CurrentFolder&) = delete;
+
+private:
+    const std::filesystem::path m_before = std::filesystem::current_path();
+};
 
 class ModelFile : public ModelFixture
 {
@@ -151,4 +165,72 @@ TEST_F(ModelFile, NameWithoutFolderIsSearchedForInTheProgramFolder)
     EXPECT_EQ(std::filesystem::path(FindMenuFile(L"velm-model-file-test.txt")).filename(), file.filename());
     std::filesystem::remove(file);
     EXPECT_EQ(FindMenuFile(L"velm-model-file-test.txt"), L"");
+}
+
+TEST_F(ModelFile, RelativeNameWithFolderIsTakenFromTheCurrentFolder)
+{
+    std::filesystem::create_directory(m_folder / L"sub");
+    testkit::WriteBytes(m_folder / L"sub" / L"menu.txt", "group EXTRA");
+    const CurrentFolder current(m_folder.Path());
+    for (const wchar_t* name : {L"sub\\menu.txt", L"sub/menu.txt", L".\\sub\\menu.txt"})
+    {
+        const std::filesystem::path found = FindMenuFile(name);
+        EXPECT_TRUE(found.is_absolute()) << found;
+        EXPECT_TRUE(!found.empty() && std::filesystem::equivalent(found, m_folder / L"sub" / L"menu.txt"))
+            << found;
+    }
+}
+
+TEST_F(ModelFile, RelativeNameWithFolderIsNotSearchedForElsewhere)
+{
+    const std::filesystem::path folder = testkit::ProgramFolder() / L"velm-model-file-test";
+    std::filesystem::create_directory(folder);
+    testkit::WriteBytes(folder / L"menu.txt", "group EXTRA");
+    {
+        const CurrentFolder current(m_folder.Path());
+        EXPECT_EQ(FindMenuFile(L"velm-model-file-test\\menu.txt"), L"");
+        EXPECT_EQ(FindMenuFile(L"velm-model-file-test/menu.txt"), L"");
+    }
+    std::filesystem::remove_all(folder);
+}
+
+TEST_F(ModelFile, FolderIsNoMenuFile)
+{
+    EXPECT_EQ(FindMenuFile(m_folder.Path().wstring()), L"");
+}
+
+TEST_F(ModelFile, GroupThatAnObserverSpoilsIsRefusedAndNotKept)
+{
+    const std::wstring file = Write("group EXTRA\ntoolbar Main\nflyout More|x||s|l|Drop\ntoolbar Drop\n");
+    const std::wstring before = PrintModel(m_model);
+    {
+        const ModelReaction reaction(m_model, TakeAway(m_model));
+        EXPECT_EQ(ReasonOf([&] { LoadMenuFile(m_model, file, MenuGroupType::Partial); }), Refusal::Gone);
+    }
+    for (auto what : {ModelChange::What::Toolbar, ModelChange::What::ToolbarItem})
+    {
+        // Takes the group away, or the button once it has its images.
+        const ModelReaction reaction(m_model, [&](const ModelChange& change) {
+            if (change.what != what)
+                return;
+            if (what == ModelChange::What::Toolbar)
+                m_model.RemoveGroup(change.parent);
+            else if (change.kind == ModelChange::Kind::Changed)
+                m_model.RemoveToolbarItem(change.element);
+        });
+        EXPECT_EQ(ReasonOf([&] { LoadMenuFile(m_model, file, MenuGroupType::Partial); }),
+                  Refusal::FileInvalid);
+        EXPECT_EQ(PrintModel(m_model), before);
+    }
+}
+
+TEST_F(ModelFile, GroupThatAnObserverRemovesAtTheLastLineIsGone)
+{
+    const std::wstring file = Write("group EXTRA\ntoolbar Main\nhidden\n");
+    const ModelReaction reaction(m_model, [&](const ModelChange& change) {
+        if (change.what == ModelChange::What::Toolbar && change.kind == ModelChange::Kind::Changed)
+            m_model.RemoveGroup(change.parent);
+    });
+    EXPECT_EQ(ReasonOf([&] { LoadMenuFile(m_model, file, MenuGroupType::Partial); }), Refusal::Gone);
+    EXPECT_EQ(m_model.Groups().size(), 1u);
 }

@@ -86,6 +86,55 @@ TEST_F(ModelMenus, RenamingToATakenNameIsRefused)
     EXPECT_EQ(m_model.FindMenu(two)->name, L"&TWO");
 }
 
+TEST_F(ModelMenus, RenamingToATakenNameIsAllowedWhereAddingIs)
+{
+    AddMenu(L"&One");
+    const ElementId two = AddMenu(L"&Two");
+    m_model.Policies().duplicateAdd = DuplicateAdd::AddSecond;
+    m_model.SetMenuName(two, L"&One");
+    EXPECT_EQ(m_model.FindMenu(two)->name, L"&One");
+}
+
+TEST_F(ModelMenus, SubMenuTagIsThatOfItsItem)
+{
+    const MenuItem& item = *m_model.AddSubMenu(AddMenu(), kAtEnd, L"&More");
+    EXPECT_FALSE(item.tag.empty());
+    EXPECT_EQ(item.subMenu->tag, item.tag);
+    m_model.SetMenuItemTag(item.id, L"MINE");
+    EXPECT_EQ(item.subMenu->tag, L"MINE");
+}
+
+TEST_F(ModelMenus, EmptyMacroIsRefusedOnlyWhenAsked)
+{
+    const ElementId menu = AddMenu();
+    const ElementId item = m_model.AddMenuItem(menu, kAtEnd, L"a", L"")->id;
+    m_model.Policies().macrosNeedText = true;
+    EXPECT_EQ(ReasonOf([&] { m_model.AddMenuItem(menu, kAtEnd, L"b", L""); }), Refusal::Invalid);
+    m_model.SetMenuItemMacro(item, L"m");
+    EXPECT_EQ(ReasonOf([&] { m_model.SetMenuItemMacro(item, L""); }), Refusal::Invalid);
+    EXPECT_EQ(m_model.FindMenuItem(item)->macro, L"m");
+    m_model.AddSubMenu(menu, kAtEnd, L"s");
+    m_model.AddMenuSeparator(menu, kAtEnd);
+    EXPECT_EQ(Labels(menu), L"a s -");
+}
+
+TEST_F(ModelMenus, EmptyLabelIsRefusedOnlyWhenAsked)
+{
+    const ElementId menu = AddMenu();
+    const ElementId item = AddItem(menu, L"");
+    const ElementId sub = m_model.AddSubMenu(menu, kAtEnd, L"")->subMenu->id;
+    m_model.Policies().labelsNeedText = true;
+    EXPECT_EQ(ReasonOf([&] { AddItem(menu, L""); }), Refusal::Invalid);
+    EXPECT_EQ(ReasonOf([&] { m_model.AddSubMenu(menu, kAtEnd, L""); }), Refusal::Invalid);
+    m_model.SetMenuItemLabel(item, L"a");
+    m_model.SetMenuName(sub, L"s");
+    EXPECT_EQ(ReasonOf([&] { m_model.SetMenuItemLabel(item, L""); }), Refusal::Invalid);
+    EXPECT_EQ(ReasonOf([&] { m_model.SetMenuName(sub, L""); }), Refusal::Invalid);
+    m_model.AddMenuSeparator(menu, kAtEnd);
+    EXPECT_EQ(Labels(menu), L"a s -");
+    EXPECT_EQ(m_model.FindMenu(AddMenu(L""))->name, L"");
+}
+
 TEST_F(ModelMenus, ShortcutMenuKeepsItsName)
 {
     const ElementId shortcut = AddMenu(L"POP0");

@@ -1,4 +1,5 @@
 #include "ModelFixture.h"
+#include "ModelReaction.h"
 
 #include <functional>
 
@@ -75,8 +76,35 @@ TEST_F(ModelObservers, AreToldOfChangesOnceAndNotOfTheSameValue)
     EXPECT_EQ(Told([&] { m_model.SetMenuItemEnabled(item, false); }),
               Notes{Note("MenuItem Changed", item, menu)});
     EXPECT_EQ(Told([&] { m_model.SetMenuItemEnabled(item, false); }), Notes{});
+    EXPECT_EQ(Told([&] { m_model.SetMenuItemEndSubMenuLevel(item, 1); }),
+              Notes{Note("MenuItem Changed", item, menu)});
+    EXPECT_EQ(Told([&] { m_model.SetMenuItemEndSubMenuLevel(item, 1); }), Notes{});
     EXPECT_EQ(Told([&] { m_model.SetLargeButtons(true); }), Notes{"LargeButtons Changed 0 0"});
     EXPECT_EQ(Told([&] { m_model.SetLargeButtons(true); }), Notes{});
+}
+
+TEST_F(ModelObservers, AreToldOfToolbarChangesOnceAndNotOfTheSameValue)
+{
+    const ElementId toolbar = AddToolbar(), button = AddButton(toolbar, L"a");
+    const Notes ofToolbar{Note("Toolbar Changed", toolbar, Base())};
+    const Notes ofButton{Note("ToolbarItem Changed", button, toolbar)};
+    EXPECT_EQ(Told([&] { m_model.SetToolbarHelp(toolbar, L"help"); }), ofToolbar);
+    EXPECT_EQ(Told([&] { m_model.SetToolbarHelp(toolbar, L"help"); }), Notes{});
+    EXPECT_EQ(Told([&] { m_model.SetToolbarItemCommandDisplayName(button, L"x"); }), ofButton);
+    EXPECT_EQ(Told([&] { m_model.SetToolbarItemCommandDisplayName(button, L"x"); }), Notes{});
+}
+
+TEST_F(ModelObservers, AreToldOfFloatingOnlyWhenItChangesSomething)
+{
+    const ElementId toolbar = AddToolbar();
+    const Notes changed{Note("Toolbar Changed", toolbar, Base())};
+    EXPECT_EQ(Told([&] { m_model.FloatToolbar(toolbar, 10, 20, 2); }), changed);
+    EXPECT_EQ(Told([&] { m_model.FloatToolbar(toolbar, 10, 20, 2); }), Notes{});
+    EXPECT_EQ(Told([&] { m_model.FloatToolbar(toolbar, 11, 20, 2); }), changed);
+    EXPECT_EQ(Told([&] { m_model.FloatToolbar(toolbar, 11, 21, 2); }), changed);
+    EXPECT_EQ(Told([&] { m_model.FloatToolbar(toolbar, 11, 21, 3); }), changed);
+    m_model.DockToolbar(toolbar, DockStatus::Left);
+    EXPECT_EQ(Told([&] { m_model.FloatToolbar(toolbar, 11, 21, 3); }), changed);
 }
 
 TEST_F(ModelObservers, AreNotToldOfARefusal)
@@ -129,4 +157,39 @@ TEST_F(ModelObservers, MayChangeTheModelWhileTheyAreTold)
     };
     EXPECT_EQ(Told([&] { AddMenu(L"first"); }).size(), 2u);
     EXPECT_NE(m_model.FindMenu(menu), nullptr);
+}
+
+TEST_F(ModelObservers, ElementThatOneTakesAwayAtOnceIsGone)
+{
+    const ElementId menu = AddMenu(), toolbar = AddToolbar();
+    AddItem(menu, L"a");
+    AddButton(toolbar, L"a");
+    const ElementId extra = m_model.AddGroup(L"EXTRA", MenuGroupType::Partial, L"").id;
+    const ModelReaction reaction(m_model, TakeAway(m_model));
+    EXPECT_EQ(ReasonOf([&] { m_model.AddGroup(L"OTHER", MenuGroupType::Partial, L""); }), Refusal::Gone);
+    EXPECT_EQ(ReasonOf([&] { m_model.AddMenu(extra, L"&Menu"); }), Refusal::Gone);
+    EXPECT_EQ(ReasonOf([&] { m_model.AddMenuItem(menu, kAtEnd, L"b", L"m"); }), Refusal::Gone);
+    EXPECT_EQ(ReasonOf([&] { m_model.AddSubMenu(menu, kAtEnd, L"b"); }), Refusal::Gone);
+    EXPECT_EQ(ReasonOf([&] { m_model.AddMenuSeparator(menu, kAtEnd); }), Refusal::Gone);
+    EXPECT_EQ(ReasonOf([&] { m_model.AddToolbar(Base(), L"b"); }), Refusal::Gone);
+    EXPECT_EQ(ReasonOf([&] { m_model.AddToolbarButton(toolbar, kAtEnd, L"b", L"", L"m", false); }),
+              Refusal::Gone);
+    EXPECT_EQ(ReasonOf([&] { m_model.AddToolbarSeparator(toolbar, kAtEnd); }), Refusal::Gone);
+    EXPECT_EQ(m_model.Groups().size(), 1u);
+    EXPECT_EQ(Labels(menu), L"a");
+    EXPECT_EQ(ButtonNames(toolbar), L"a");
+}
+
+TEST_F(ModelObservers, NeverSeeAModelWithoutBaseGroup)
+{
+    const ElementId old = Base();
+    m_model.InsertInMenuBar(AddMenu(), kAtEnd);
+    std::vector<std::wstring> bases;
+    const ModelReaction reaction(m_model, [&](const ModelChange&) {
+        bases.push_back(m_model.Groups().empty() ? L"none" : m_model.Groups().front()->name);
+    });
+    const Notes notes = Told([&] { m_model.AddGroup(L"NEW", MenuGroupType::Base, L""); });
+    EXPECT_EQ(notes, (Notes{Note("Group Removed", old, 0), "MenuBar Changed 0 0",
+                            Note("Group Added", Base(), 0)}));
+    EXPECT_EQ(bases, (std::vector<std::wstring>{L"NEW", L"NEW", L"NEW"}));
 }

@@ -40,6 +40,8 @@ TEST(MenuText, NamesAreTheSameInAnyCase)
     EXPECT_FALSE(SameName(L"&Tools", L"Tools"));
     EXPECT_FALSE(SameName(L"a", L"ab"));
     EXPECT_TRUE(SameName(L"", L""));
+    EXPECT_TRUE(SameName({}, L""));
+    EXPECT_FALSE(SameName({}, L"a"));
 }
 
 TEST(ModelPrinter, ControlCharactersBecomeVisible)

@@ -93,6 +93,8 @@ TEST_F(ModelToolbars, SeparatorHasNeitherTextNorImages)
     EXPECT_EQ(ReasonOf([&] { m_model.SetToolbarItemMacro(separator, L"x"); }), Refusal::NotAllowed);
     EXPECT_EQ(ReasonOf([&] { m_model.SetToolbarItemHelp(separator, L"x"); }), Refusal::NotAllowed);
     EXPECT_EQ(ReasonOf([&] { m_model.SetToolbarItemBitmaps(separator, L"x", L"y"); }), Refusal::NotAllowed);
+    EXPECT_EQ(ReasonOf([&] { m_model.SetToolbarItemCommandDisplayName(separator, L"x"); }),
+              Refusal::NotAllowed);
 }
 
 TEST_F(ModelToolbars, FlyoutNeedsAMacro)
@@ -190,6 +192,8 @@ TEST_F(ModelToolbars, HiddenToolbarRefusesEditsOnlyWhenAsked)
     EXPECT_EQ(ReasonOf([&] { m_model.RemoveToolbarItem(button); }), Refusal::NotAllowed);
     EXPECT_EQ(ReasonOf([&] { m_model.DockToolbar(toolbar, DockStatus::Top); }), Refusal::NotAllowed);
     EXPECT_EQ(ReasonOf([&] { m_model.SetToolbarPosition(toolbar, 1, 1); }), Refusal::NotAllowed);
+    EXPECT_EQ(ReasonOf([&] { m_model.FloatToolbar(toolbar, 1, 1, 2); }), Refusal::NotAllowed);
+    EXPECT_EQ(ReasonOf([&] { m_model.SetToolbarRows(toolbar, 2); }), Refusal::NotAllowed);
     EXPECT_EQ(ButtonNames(toolbar), L"a b");
     m_model.SetToolbarVisible(toolbar, true);
     AddButton(toolbar, L"c");
@@ -217,4 +221,67 @@ TEST_F(ModelToolbars, ButtonTagsAreUniqueInTheirToolbar)
     EXPECT_EQ(ReasonOf([&] { m_model.SetToolbarItemTag(b, L"a b"); }), Refusal::Invalid);
     m_model.SetToolbarItemTag(c, L"mine");
     EXPECT_EQ(m_model.FindToolbarItem(c)->tag, L"mine");
+}
+
+TEST_F(ModelToolbars, GivenTagAvoidsOneThatAClientChose)
+{
+    const ElementId toolbar = AddToolbar();
+    const ElementId first = AddButton(toolbar, L"a");
+    m_model.SetToolbarItemTag(first, L"ID_" + std::to_wstring(first + 1));
+    const ElementId second = AddButton(toolbar, L"b");
+    ASSERT_EQ(second, first + 1);
+    EXPECT_NE(m_model.FindToolbarItem(second)->tag, m_model.FindToolbarItem(first)->tag);
+}
+
+TEST_F(ModelToolbars, HiddenToolbarIsNotRemovedWhenThatIsAsked)
+{
+    const ElementId first = AddToolbar(L"One"), second = AddToolbar(L"Two");
+    m_model.SetToolbarVisible(first, false);
+    m_model.SetToolbarVisible(second, false);
+    m_model.RemoveToolbar(first);
+    EXPECT_EQ(m_model.FindToolbar(first), nullptr);
+    m_model.Policies().toolbarRemovalNeedsVisible = true;
+    EXPECT_EQ(ReasonOf([&] { m_model.RemoveToolbar(second); }), Refusal::NotAllowed);
+    ASSERT_NE(m_model.FindToolbar(second), nullptr);
+    m_model.SetToolbarVisible(second, true);
+    m_model.RemoveToolbar(second);
+    EXPECT_EQ(m_model.FindToolbar(second), nullptr);
+}
+
+TEST_F(ModelToolbars, HiddenToolbarGoesWithItsGroupEvenSo)
+{
+    m_model.Policies().toolbarRemovalNeedsVisible = true;
+    const ElementId toolbar = AddToolbar();
+    m_model.SetToolbarVisible(toolbar, false);
+    m_model.RemoveGroup(Base());
+    EXPECT_EQ(m_model.FindToolbar(toolbar), nullptr);
+}
+
+TEST_F(ModelToolbars, EmptyMacroIsRefusedOnlyWhenAsked)
+{
+    const ElementId toolbar = AddToolbar();
+    const ElementId button = m_model.AddToolbarButton(toolbar, kAtEnd, L"a", L"", L"", false).id;
+    m_model.Policies().macrosNeedText = true;
+    EXPECT_EQ(ReasonOf([&] { m_model.AddToolbarButton(toolbar, kAtEnd, L"b", L"", L"", false); }),
+              Refusal::Invalid);
+    m_model.SetToolbarItemMacro(button, L"m");
+    EXPECT_EQ(ReasonOf([&] { m_model.SetToolbarItemMacro(button, L""); }), Refusal::Invalid);
+    EXPECT_EQ(m_model.FindToolbarItem(button)->macro, L"m");
+    m_model.AddToolbarSeparator(toolbar, kAtEnd);
+    EXPECT_EQ(ButtonNames(toolbar), L"a -");
+}
+
+TEST_F(ModelToolbars, EmptyNameOfAButtonIsRefusedOnlyWhenAsked)
+{
+    const ElementId toolbar = AddToolbar();
+    const ElementId button = AddButton(toolbar, L"");
+    m_model.Policies().labelsNeedText = true;
+    EXPECT_EQ(ReasonOf([&] { AddButton(toolbar, L""); }), Refusal::Invalid);
+    EXPECT_EQ(ReasonOf([&] { m_model.AddToolbarButton(toolbar, kAtEnd, L"", L"", L"x", true); }),
+              Refusal::Invalid);
+    m_model.SetToolbarItemName(button, L"a");
+    EXPECT_EQ(ReasonOf([&] { m_model.SetToolbarItemName(button, L""); }), Refusal::Invalid);
+    m_model.AddToolbarSeparator(toolbar, kAtEnd);
+    EXPECT_EQ(ButtonNames(toolbar), L"a -");
+    EXPECT_EQ(m_model.FindToolbar(AddToolbar(L""))->name, L"");
 }
