@@ -38,7 +38,7 @@ install_packages() {
     command -v sudo >/dev/null 2>&1 || fail "run as root, or with sudo installed: apt-get install$missing"
     sudo="sudo"
     printf 'Packages to install:%s\n' "$missing"
-    sudo -v </dev/tty || fail "no right to install:$missing"
+    sudo -n true 2>/dev/null || sudo -v || fail "no right to install:$missing"
   fi
   stage "Reading the package lists" $sudo apt-get update -qq
   stage "Installing packages" $sudo env DEBIAN_FRONTEND=noninteractive \
