@@ -20,23 +20,24 @@ inline constexpr wchar_t FlyoutName[] = L"SubToolbar";
 // and a decimal number.
 bool IsFlyoutName(const std::wstring& name);
 
-// A look at all toolbars of all menu groups, taken when it is constructed. Every member function that
-// reads further may throw COleDispatchException*.
+// The names of the family's toolbars that the buttons of `toolbar` open, and those that their buttons
+// open in turn. What the host does not tell is left out.
+std::set<std::wstring> FlyoutsOpenedFrom(const CHostObject& toolbar);
+
+// A look at all toolbars of all menu groups, taken when it is constructed. No failure of the host leaves
+// it: most of what it looks at belongs to others, and must not stand in the way of what is to be made.
 class CFlyoutCensus
 {
     // Construction
 public:
-    // `application` must outlive the census.
+    // `application` is not used any more when this returns.
     explicit CFlyoutCensus(const CHostObject& application);
 
     // Attributes
 public:
-    // The first name of the family that no toolbar of the host bears, in any letter case.
-    std::wstring FreeName() const;
-
-    // The names of the family's toolbars that the buttons of `toolbar` open, and those that their
-    // buttons open in turn.
-    std::set<std::wstring> OpenedFrom(const CHostObject& toolbar) const;
+    // The first name of the family that no toolbar of the host bears, in any letter case. When the host did
+    // not tell all names, `toolbars`, the base group's collection, is asked for the name too.
+    std::wstring FreeName(const CHostObject& toolbars) const;
 
     // Operations
 public:
@@ -46,7 +47,9 @@ public:
     // been created and waits for its button, and one that the user has made visible, stay. What the
     // toolbars open is read when it is needed, so call it after the buttons are gone.
     //
-    // If the host does not tell what some fly-out button opens, nothing is deleted.
+    // While the host does not tell what some fly-out button opens, only those named in `doomed` are
+    // deleted, and of them only those that no other button is known to open. What the host refuses to
+    // delete stays.
     void RemoveForsaken(const std::set<std::wstring>& doomed = {});
 
     // Implementation
@@ -54,14 +57,17 @@ private:
     struct Entry
     {
         CHostObject toolbar;
+        // Empty when the host does not tell; no name of the family is.
         std::wstring name;
         bool inBaseGroup = false;
-        bool visible = false;
+        bool hidden = false;
         bool gone = false;
     };
 
-    // The names of the toolbars that the buttons open; false when the host does not tell.
-    static bool ReadOpened(const CHostObject& toolbar, std::vector<std::wstring>& names);
+    void ReadGroup(const CHostObject& group, bool isBase);
+    bool IsKnown(const std::wstring& name) const;
 
     std::vector<Entry> m_entries;
+    // Whether the host told all groups, toolbars and names.
+    bool m_complete = true;
 };

@@ -1,6 +1,13 @@
 // Values of the host's enumerations that the operations compare with.
 #pragma once
 
+// MenuGroup.Type
+enum class HostMenuGroupType : long
+{
+    base = 0,
+    partial = 1
+};
+
 // PopupMenuItem.Type
 enum class HostMenuItemType : long
 {

@@ -106,3 +106,12 @@ void ThrowNoHostObject(const wchar_t* member)
     failure.description = CString(L"The host returned no object for ") + member + L".";
     Throw(failure);
 }
+
+void ThrowRefusal(const wchar_t* operation, const std::wstring& description)
+{
+    Failure failure;
+    failure.status = E_INVALIDARG;
+    failure.source = OwnSource(operation);
+    failure.description = description.c_str();
+    Throw(failure);
+}

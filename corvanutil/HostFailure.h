@@ -4,6 +4,8 @@
 #include <afxwin.h>
 #include <afxdisp.h>
 
+#include <string>
+
 // What IDispatch::Invoke reports beside DISP_E_EXCEPTION; frees the texts that the host put into it.
 class CHostExceptionInfo : public EXCEPINFO
 {
@@ -26,8 +28,9 @@ public:
 //         there is asked first.
 //
 // With DISP_E_EXCEPTION the exception carries the host's source, description, help file, help context
-// and code as they are: m_wCode and m_scError are what the host wrote, one of which is 0. A missing
-// description is made up from m_scError.
+// and code as they are: m_wCode and m_scError are what the host wrote, one of which is 0. In place of a
+// missing description stands the system's message for m_scError, or for DISP_E_EXCEPTION when m_scError
+// is no failure; where the system has none, "Error 0x" and the number.
 //
 // With any other result m_wCode is 0, m_scError is the result, m_strDescription is the system's
 // message for it without a line end, and m_strSource is "CorvanUtil22." followed by the member, since
@@ -42,3 +45,7 @@ public:
 
 // The same for a failure that did not come from Invoke, so that there is nothing but the result.
 [[noreturn]] void ThrowHostFailure(HRESULT result, const wchar_t* member);
+
+// The same for what an operation refuses itself, before it changes anything: the description is given,
+// m_scError is E_INVALIDARG, and m_strSource is "CorvanUtil22." followed by the operation.
+[[noreturn]] void ThrowRefusal(const wchar_t* operation, const std::wstring& description);

@@ -109,11 +109,10 @@ void CHostObject::Put(const wchar_t* property, CHostValue value) const
     Invoke(property, DISPATCH_PROPERTYPUT, &value, 1, ignored);
 }
 
-CHostObject CHostObject::Item(long index) const
+CHostObject CHostObject::Item(const CHostValue& index) const
 {
     // Some collections declare Item as a property, others as a method.
-    const CHostValue argument(index);
-    return NotNull(InvokeForObject(L"Item", DISPATCH_METHOD | DISPATCH_PROPERTYGET, &argument, 1), L"Item");
+    return NotNull(InvokeForObject(L"Item", DISPATCH_METHOD | DISPATCH_PROPERTYGET, &index, 1), L"Item");
 }
 
 void CHostObject::Invoke(const wchar_t* member, WORD flags, const CHostValue* arguments, size_t count,

@@ -78,9 +78,10 @@ public:
     CHostObject ObjectOrNull(const wchar_t* property) const;
     void Put(const wchar_t* property, CHostValue value) const;
 
-    // Of a collection: the number of its elements, and the one at `index`, counted from 0.
+    // Of a collection: the number of its elements, and the one at `index`: a position, counted from 0, or
+    // the element's name.
     long Count() const { return Long(L"Count"); }
-    CHostObject Item(long index) const;
+    CHostObject Item(const CHostValue& index) const;
 
     // Operations
 public:

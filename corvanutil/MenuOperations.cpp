@@ -2,22 +2,35 @@
 #include "hostmenu/CompanionOperations.h"
 
 #include "HostEnumerations.h"
+#include "HostFailure.h"
 #include "HostGroup.h"
 #include "HostObject.h"
 #include "MacroText.h"
+#include "StandIns.h"
+#include "TextOrEmpty.h"
 
 namespace
 {
 
-std::wstring TextOrEmpty(const wchar_t* text)
-{
-    return text == nullptr ? std::wstring() : std::wstring(text);
-}
+// The name by which the host asks for the shortcut menu of a group.
+constexpr wchar_t ShortcutMenuName[] = L"POP0";
 
 // The host allows a separator neither at the top nor beside another.
 bool CanTakeSeparator(const CHostObject& menu, long count)
 {
     return count > 0 && menu.Item(count - 1).Long(L"Type") != static_cast<long>(HostMenuItemType::separator);
+}
+
+// Adds an item; null when the host has no room for it.
+CHostObject AddItem(const CHostObject& menu, long index, const std::wstring& label, const std::wstring& macro)
+{
+    const auto add = [&](const std::wstring& itemLabel, const std::wstring& itemMacro) {
+        return menu.CallForObjectOrNull(L"AddMenuItem", index, itemLabel, itemMacro);
+    };
+    if (!label.empty() && !macro.empty())
+        return add(label, macro);
+    return AddElse([&] { return add(label, macro); },
+                   [&] { return add(OrStandIn(label, LabelStandIn), OrStandIn(macro, MacroStandIn)); });
 }
 
 } // namespace
@@ -30,6 +43,11 @@ IDispatch* Create_ACADMenu(IDispatch* application, const wchar_t* name)
 
     // A menu cannot be deleted, so one of an earlier run is emptied and used again.
     CHostObject menu = FindByName(menus, menuName);
+    if (SameInAnyCase(menuName, ShortcutMenuName) || (!menu.IsNull() && menu.Flag(L"ShortcutMenu"))) {
+        ThrowRefusal(L"Create_ACADMenu", L"\"" + menuName +
+                                             L"\" is the name of a shortcut menu, which is no menu of the "
+                                             L"menu bar.");
+    }
     if (menu.IsNull())
         menu = menus.CallForObject(L"Add", menuName);
     else
@@ -52,8 +70,7 @@ bool Append_MenuItem(IAcadPopupMenu menu, const wchar_t* label, const wchar_t* m
         return !target.CallForObjectOrNull(L"AddSeparator", end).IsNull();
     }
     // A menu that holds as many items as the host allows takes no more, which is no error.
-    const CHostObject item =
-        target.CallForObjectOrNull(L"AddMenuItem", end, text, TranslateCarets(TextOrEmpty(macro)));
+    const CHostObject item = AddItem(target, end, text, TranslateCarets(TextOrEmpty(macro)));
     if (item.IsNull())
         return false;
     if (help != nullptr)
@@ -64,5 +81,12 @@ bool Append_MenuItem(IAcadPopupMenu menu, const wchar_t* label, const wchar_t* m
 IDispatch* Append_SubMenu(IAcadPopupMenu menu, const wchar_t* label)
 {
     const CHostObject target = CHostObject::Share(menu.m_lpDispatch);
-    return target.CallForObject(L"AddSubMenu", target.Count(), TextOrEmpty(label)).Detach();
+    const std::wstring text = TextOrEmpty(label);
+    const long end = target.Count();
+    const auto add = [&](const std::wstring& itemLabel) {
+        return target.CallForObject(L"AddSubMenu", end, itemLabel);
+    };
+    if (!text.empty())
+        return add(text).Detach();
+    return AddElse([&] { return add(text); }, [&] { return add(LabelStandIn); }).Detach();
 }

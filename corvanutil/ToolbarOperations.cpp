@@ -1,33 +1,19 @@
 // Toolbars, buttons and fly-outs.
 #include "hostmenu/CompanionOperations.h"
 
-#include <exception>
 #include <set>
 
+#include "Attempt.h"
+#include "FlyoutToAttach.h"
 #include "FlyoutToolbars.h"
 #include "HostGroup.h"
 #include "HostObject.h"
 #include "MacroText.h"
+#include "StandIns.h"
+#include "TextOrEmpty.h"
 
 namespace
 {
-
-std::wstring TextOrEmpty(const wchar_t* text)
-{
-    return text == nullptr ? std::wstring() : std::wstring(text);
-}
-
-// Runs a clean-up on a path that is failing already: the first failure is the one to report.
-template <class Action>
-void Attempt(Action action) noexcept
-{
-    try {
-        action();
-    } catch (CException* exception) {
-        exception->Delete();
-    } catch (const std::exception&) {
-    }
-}
 
 // Makes a hidden toolbar visible for as long as its buttons are worked on: the host offers adding and
 // deleting on visible toolbars only.
@@ -69,18 +55,16 @@ private:
 
 IDispatch* CreateFlyout(const CHostObject& host)
 {
+    const CHostObject toolbars = BaseGroup(host).Object(L"Toolbars");
     CFlyoutCensus census(host);
     census.RemoveForsaken();
     // Nothing follows that could fail: a toolbar without its button would be left standing.
-    return BaseGroup(host).Object(L"Toolbars").CallForObject(L"Add", census.FreeName()).Detach();
+    return toolbars.CallForObject(L"Add", census.FreeName(toolbars)).Detach();
 }
 
 IDispatch* CreateNamed(const CHostObject& host, const std::wstring& name)
 {
     const CHostObject toolbars = BaseGroup(host).Object(L"Toolbars");
-    CFlyoutCensus census(host);
-    std::set<std::wstring> flyouts;
-
     // Deleting and adding again would lose the place that the user gave the toolbar.
     CHostObject toolbar = FindByName(toolbars, name);
     const bool isNew = toolbar.IsNull();
@@ -88,11 +72,12 @@ IDispatch* CreateNamed(const CHostObject& host, const std::wstring& name)
         toolbar = toolbars.CallForObject(L"Add", name);
     if (!toolbar.Flag(L"Visible"))
         toolbar.Put(L"Visible", true);
+    std::set<std::wstring> formerFlyouts;
     if (!isNew) {
-        flyouts = census.OpenedFrom(toolbar);
+        formerFlyouts = FlyoutsOpenedFrom(toolbar);
         DeleteItems(toolbar);
     }
-    census.RemoveForsaken(flyouts);
+    CFlyoutCensus(host).RemoveForsaken(formerFlyouts);
     return toolbar.Detach();
 }
 
@@ -103,6 +88,17 @@ std::wstring ButtonName(const std::wstring& tooltip, const std::wstring& macro)
         return tooltip;
     const std::wstring command = PrintablePart(macro);
     return command.empty() ? L"Button" : command;
+}
+
+CHostObject AddButton(const CHostObject& toolbar, long index, const std::wstring& name,
+                      const std::wstring& help, const std::wstring& command)
+{
+    const auto add = [&](const std::wstring& macro) {
+        return toolbar.CallForObject(L"AddToolbarButton", index, name, help, macro);
+    };
+    if (!command.empty())
+        return add(command);
+    return AddElse([&] { return add(command); }, [&] { return add(MacroStandIn); });
 }
 
 bool FileExists(const wchar_t* name)
@@ -122,49 +118,6 @@ void SetBitmaps(const CHostObject& button, const wchar_t* smallImage, const wcha
     }
 }
 
-// A fly-out toolbar on the way to its button. If that fails, neither a button that opens nothing nor
-// an empty toolbar stays on the screen; the toolbar, then hidden, goes with the next run.
-class CFlyoutToAttach
-{
-    // Construction
-public:
-    // `flyout` may be null, and then nothing happens.
-    explicit CFlyoutToAttach(const CHostObject& flyout) : m_flyout(flyout) {}
-    CFlyoutToAttach(const CFlyoutToAttach&) = delete;
-    CFlyoutToAttach& operator=(const CFlyoutToAttach&) = delete;
-
-    // Operations
-public:
-    // `button` must outlive this object.
-    void AttachTo(const CHostObject& button)
-    {
-        m_button = &button;
-        const CHostObject group = BaseGroup(m_flyout.Object(L"Application"));
-        button.Call(L"AttachToolbarToFlyout", group.Text(L"Name"), m_flyout.Text(L"Name"));
-        m_attached = true;
-        // Otherwise it also shows on its own, and for good if one of its buttons fails later.
-        m_flyout.Put(L"Visible", false);
-        m_hidden = true;
-    }
-
-    // Implementation
-public:
-    ~CFlyoutToAttach()
-    {
-        if (m_flyout.IsNull() || m_hidden)
-            return;
-        if (m_button != nullptr && !m_attached)
-            Attempt([this] { m_button->Call(L"Delete"); });
-        Attempt([this] { m_flyout.Put(L"Visible", false); });
-    }
-
-private:
-    const CHostObject& m_flyout;
-    const CHostObject* m_button = nullptr;
-    bool m_attached = false;
-    bool m_hidden = false;
-};
-
 } // namespace
 
 IDispatch* Create_ACADToolBar(IDispatch* application, const wchar_t* name)
@@ -183,18 +136,20 @@ bool Append_ToolBarItem(IAcadToolbar toolbar, const wchar_t* macro, const wchar_
     const std::wstring help = TextOrEmpty(tooltip);
     const std::wstring command = TranslateCarets(TextOrEmpty(macro));
 
+    const std::wstring name = ButtonName(help, command);
+
     CHostObject button;
     CFlyoutToAttach pending(opened);
     CShownWhileEdited shown(target);
+    const long end = target.Count();
     if (isFlyout) {
         // The command of a fly-out button is never sent, but the host refuses an empty one.
         const std::wstring flyoutName = opened.Text(L"Name");
-        button = target.CallForObject(L"AddToolbarButton", target.Count(), ButtonName(help, command), help,
+        button = target.CallForObject(L"AddToolbarButton", end, name, help,
                                       command.empty() ? flyoutName : command, true);
         pending.AttachTo(button);
     } else {
-        button = target.CallForObject(L"AddToolbarButton", target.Count(), ButtonName(help, command), help,
-                                      command);
+        button = AddButton(target, end, name, help, command);
     }
     SetBitmaps(button, smallImage, largeImage);
     shown.Restore();

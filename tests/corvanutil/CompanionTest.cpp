@@ -2,6 +2,8 @@
 
 #include "Description.h"
 
+#include <cstdio>
+
 namespace companiontest
 {
 
@@ -24,6 +26,21 @@ public:
 testing::Environment* const usedHost = testing::AddGlobalTestEnvironment(new UsedHost);
 
 } // namespace
+
+std::string Escaped(const std::wstring& text)
+{
+    std::string escaped;
+    for (const wchar_t c : text) {
+        if (c >= 0x20 && c < 0x7F) {
+            escaped += static_cast<char>(c);
+        } else {
+            char code[8] = "";
+            std::snprintf(code, sizeof(code), "\\u%04X", static_cast<unsigned>(c));
+            escaped += code;
+        }
+    }
+    return escaped;
+}
 
 std::optional<Failure> FailureOf(const std::function<void()>& action)
 {

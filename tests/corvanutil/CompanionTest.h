@@ -30,6 +30,9 @@ struct Failure
     DWORD helpContext = 0;
 };
 
+// Control characters and characters beyond ASCII as \uXXXX, for the names of tests.
+std::string Escaped(const std::wstring& text);
+
 // Runs `action`; what it threw as COleDispatchException*, which is deleted. Other exceptions pass.
 std::optional<Failure> FailureOf(const std::function<void()>& action);
 

@@ -11,6 +11,8 @@ struct Operation
     const char* name;
     // Prepares the host; what it returns runs the operation once.
     std::function<std::function<void()>(Host& host)> prepare;
+    // The calls whose failure is reported, in their order, when some are not; empty when all are.
+    std::vector<std::wstring> reported = {};
 };
 
 void PrintTo(const Operation& operation, std::ostream* out)
@@ -21,22 +23,24 @@ void PrintTo(const Operation& operation, std::ostream* out)
 class FailingHost : public testing::TestWithParam<Operation>
 {
 protected:
-    static unsigned CallsMade()
+    static std::vector<std::wstring> CallsMade()
     {
         Host host;
         const auto run = GetParam().prepare(host);
-        const unsigned before = host.automation.InvokeCount();
+        host.automation.KeepLog(true);
         run();
-        return host.automation.InvokeCount() - before;
+        return host.automation.TakeLog();
     }
 
     // Lets each call fail in turn, and asks that the operation throws just what the host told.
     static void FailAtEveryCall(const InvokeFault& fault, const Failure& expected)
     {
-        const unsigned calls = CallsMade();
-        ASSERT_GE(calls, 1u);
-        for (unsigned call = 1; call <= calls; ++call) {
-            SCOPED_TRACE(testing::Message() << "call " << call << " of " << calls);
+        const std::vector<std::wstring> calls = CallsMade();
+        ASSERT_GE(calls.size(), 1u);
+        std::vector<std::wstring> reported;
+        for (unsigned call = 1; call <= calls.size(); ++call) {
+            SCOPED_TRACE(testing::Message() << "call " << call << " of " << calls.size() << ", "
+                                            << testing::PrintToString(calls[call - 1]));
             Host host;
             {
                 const auto run = GetParam().prepare(host);
@@ -44,17 +48,27 @@ protected:
                 const long application = host.automation.ApplicationReferences();
                 host.automation.FailInvoke(call, fault);
                 const auto failure = FailureOf(run);
-                ASSERT_TRUE(failure);
+                EXPECT_EQ(held, host.automation.OutstandingReferences());
+                EXPECT_EQ(application, host.automation.ApplicationReferences());
+                host.automation.FailInvoke(0, {});
+                if (!failure)
+                    continue;
+                reported.push_back(calls[call - 1]);
                 EXPECT_EQ(expected.code, failure->code);
                 EXPECT_EQ(expected.status, failure->status);
                 EXPECT_EQ(expected.description, failure->description);
                 if (!expected.source.empty()) {
                     EXPECT_EQ(expected.source, failure->source);
                 }
-                EXPECT_EQ(held, host.automation.OutstandingReferences());
-                EXPECT_EQ(application, host.automation.ApplicationReferences());
-                host.automation.FailInvoke(0, {});
             }
+        }
+        // A host that fails for good also fails where one failure is made up for.
+        if (GetParam().reported.empty()) {
+            EXPECT_EQ(calls, reported);
+        } else if (!fault.forever) {
+            EXPECT_EQ(GetParam().reported, reported);
+        } else {
+            EXPECT_GE(reported.size(), GetParam().reported.size());
         }
     }
 };
@@ -119,7 +133,13 @@ const Operation Operations[] = {
      [](Host& host) {
          BuildDescription(host.Application());
          return [&host] { IAcadPopupMenu menu(Create_ACADMenu(host.Application(), L"&Drafting")); };
-     }},
+     },
+     // A menu that does not tell its name is looked for by name.
+     {L"Application.MenuGroups get", L"MenuGroups.Item", L"MenuGroup.Type get", L"MenuGroups.Item",
+      L"MenuGroup.Menus get", L"PopupMenus.Count get", L"PopupMenu.ShortcutMenu get", L"PopupMenu.Count get",
+      L"PopupMenu.Item", L"PopupMenuItem.Delete", L"PopupMenu.Item", L"PopupMenuItem.Delete",
+      L"PopupMenu.Item", L"PopupMenuItem.Delete", L"PopupMenu.Item", L"PopupMenuItem.Delete",
+      L"PopupMenu.OnMenuBar get"}},
     {"AppendItem",
      [](Host& host) {
          return [menu = MenuWithItem(host)] { Append_MenuItem(menu, L"B", L"B ", L"b", true, false); };
@@ -136,14 +156,20 @@ const Operation Operations[] = {
     {"CreateToolbar",
      [](Host& host) {
          return [&host] { IAcadToolbar toolbar(Create_ACADToolBar(host.Application(), L"Drafting")); };
-     }},
+     },
+     // What follows is clean-up.
+     {L"Application.MenuGroups get", L"MenuGroups.Item", L"MenuGroup.Type get", L"MenuGroups.Item",
+      L"MenuGroup.Toolbars get", L"Toolbars.Count get", L"Toolbars.Add", L"Toolbar.Visible get"}},
     {"CreateFlyoutToolbar",
      [](Host& host) {
          host.model.AddToolbar(host.Base().id, L"Other");
          const auto& left = host.model.AddToolbar(host.Base().id, L"SubToolbar");
          host.model.SetToolbarVisible(left.id, false);
          return [&host] { IAcadToolbar toolbar(Create_ACADToolBar(host.Application(), L"SubToolbar")); };
-     }},
+     },
+     // Clean-up, and the look for a free name, stand between the last two.
+     {L"Application.MenuGroups get", L"MenuGroups.Item", L"MenuGroup.Type get", L"MenuGroups.Item",
+      L"MenuGroup.Toolbars get", L"Toolbars.Add"}},
     {"AppendButton",
      [](Host& host) {
          return [toolbar = IAcadToolbar(Create_ACADToolBar(host.Application(), L"Drafting"))] {

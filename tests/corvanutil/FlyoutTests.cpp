@@ -47,6 +47,15 @@ TEST_F(Flyout, WithoutACommandIsNamedAfterItsToolbarThere)
     EXPECT_EQ(L"Circle", LastItem(L"Draw").name);
 }
 
+TEST_F(Flyout, IsFoundInABaseGroupOfAnyName)
+{
+    host.model.AddGroup(L"Drawing office", MenuGroupType::Base, L"office.mnu");
+    IAcadToolbar carrier = NewToolbar(L"Draw");
+    NewFlyout(carrier, L"A");
+    ASSERT_NE(nullptr, host.FindToolbar(L"SubToolbar"));
+    EXPECT_EQ(host.FindToolbar(L"SubToolbar"), LastItem(L"Draw").flyout);
+}
+
 TEST_F(Flyout, ToolbarIsHiddenFromTheMomentItHasItsButton)
 {
     IAcadToolbar flyout = NewToolbar(L"SubToolbar");
@@ -220,6 +229,25 @@ TEST_F(Flyout, LeftHiddenWithoutAButtonIsRemoved)
     EXPECT_THAT(host.ToolbarNames(), ElementsAre(L"Draw", L"SubToolbar"));
 }
 
+TEST_F(Flyout, LeftHiddenWithoutAButtonIsRemovedAlsoForANewToolbar)
+{
+    const auto& left = host.model.AddToolbar(host.Base().id, L"SubToolbar_7");
+    host.model.SetToolbarVisible(left.id, false);
+    NewToolbar(L"New");
+    EXPECT_THAT(host.ToolbarNames(), ElementsAre(L"Draw", L"New"));
+}
+
+TEST_F(Flyout, LeftHiddenIsRemovedAlsoWhereTheHostDeletesVisibleOnesOnly)
+{
+    host.model.Policies().toolbarRemovalNeedsVisible = true;
+    const auto& left = host.model.AddToolbar(host.Base().id, L"SubToolbar_7");
+    host.model.SetToolbarVisible(left.id, false);
+    NewFlyout(toolbar, L"A");
+    EXPECT_THAT(host.ToolbarNames(), ElementsAre(L"Draw", L"SubToolbar"));
+    NewToolbar(L"Draw");
+    EXPECT_THAT(host.ToolbarNames(), ElementsAre(L"Draw"));
+}
+
 TEST_F(Flyout, LeftHiddenOpenedOnlyByAnotherLeftOneIsRemoved)
 {
     const auto& outer = host.model.AddToolbar(host.Base().id, L"SubToolbar");
@@ -291,6 +319,27 @@ TEST_F(Flyout, ThatCannotBeAttachedLeavesNoButtonAndNothingOnTheScreen)
     NewFlyout(toolbar, L"C");
     EXPECT_THAT(host.ToolbarNames(), ElementsAre(L"Draw", L"SubToolbar", L"SubToolbar_2"));
     EXPECT_EQ(host.FindToolbar(L"SubToolbar_2"), LastItem(L"Draw").flyout);
+}
+
+TEST_F(Flyout, ThatCannotBeAttachedLeavesNoButtonOnAHiddenToolbarEither)
+{
+    host.model.Policies().toolbarEditsNeedVisible = true;
+    IAcadToolbar outer = NewFlyout(toolbar, L"A");
+    ASSERT_FALSE(host.FindToolbar(L"SubToolbar")->visible);
+    IAcadToolbar first = NewToolbar(L"SubToolbar");
+    host.automation.KeepLog(true);
+    AddFlyout(outer, L"B ", L"B", first);
+    const auto log = host.automation.TakeLog();
+    const auto attach = std::find(log.begin(), log.end(), L"ToolbarItem.AttachToolbarToFlyout") - log.begin();
+    ASSERT_LT(static_cast<size_t>(attach), log.size());
+    ASSERT_EQ(2u, host.FindToolbar(L"SubToolbar")->items.size());
+
+    IAcadToolbar second = NewToolbar(L"SubToolbar");
+    host.automation.FailInvoke(static_cast<unsigned>(attach) + 1, {});
+    EXPECT_TRUE(FailureOf([&] { AddFlyout(outer, L"C ", L"C", second); }));
+    EXPECT_EQ(2u, host.FindToolbar(L"SubToolbar")->items.size());
+    EXPECT_FALSE(host.FindToolbar(L"SubToolbar")->visible);
+    EXPECT_FALSE(host.FindToolbar(L"SubToolbar_3")->visible);
 }
 
 } // namespace companiontest

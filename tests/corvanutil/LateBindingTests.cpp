@@ -49,11 +49,11 @@ TEST_F(LateBinding, PutsAPropertyAsOneNamedArgument)
     EXPECT_EQ(1, calls);
 }
 
-TEST_F(LateBinding, FindsMembersWhateverTheirNumbersAndCase)
+TEST_F(LateBinding, FindsMembersWhateverTheirNumbers)
 {
     int calls = 0;
     object.members[L"AAA"] = Gives(0L);
-    object.members[L"vISIBLE"] = [&calls](const ScriptedCall&, VARIANT*, EXCEPINFO*) {
+    object.members[L"Visible"] = [&calls](const ScriptedCall&, VARIANT*, EXCEPINFO*) {
         ++calls;
         return S_OK;
     };
@@ -99,6 +99,37 @@ TEST_F(LateBinding, ConvertsResultsToTheTypeItNeeds)
     EXPECT_EQ(static_cast<IDispatch*>(&sub), returned);
     EXPECT_EQ(1, sub.references);
     returned->Release();
+}
+
+TEST_F(LateBinding, ReportsTheFirstOfTwoRefusalsOfAnItem)
+{
+    int calls = 0;
+    object.members[L"Count"] = Gives(0L);
+    object.members[L"AddMenuItem"] = [&calls](const ScriptedCall&, VARIANT*, EXCEPINFO*) {
+        return ++calls == 1 ? E_ACCESSDENIED : E_OUTOFMEMORY;
+    };
+    const auto failure = FailureOf([this] {
+        object.AddRef();
+        Append_MenuItem(IAcadPopupMenu(&object), L"Heading", nullptr, nullptr, true, false);
+    });
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(E_ACCESSDENIED, failure->status);
+    EXPECT_EQ(2, calls);
+}
+
+TEST_F(LateBinding, AsksOnlyOnceForAnItemWithoutEmptyTexts)
+{
+    int calls = 0;
+    object.members[L"Count"] = Gives(0L);
+    object.members[L"AddMenuItem"] = [&calls](const ScriptedCall&, VARIANT*, EXCEPINFO*) {
+        ++calls;
+        return E_ACCESSDENIED;
+    };
+    EXPECT_TRUE(FailureOf([this] {
+        object.AddRef();
+        Append_MenuItem(IAcadPopupMenu(&object), L"Line", L"LINE ", nullptr, true, false);
+    }));
+    EXPECT_EQ(1, calls);
 }
 
 TEST_F(LateBinding, RefusesAResultOfAnotherType)
@@ -206,6 +237,43 @@ TEST_F(LateBinding, MakesUpADescriptionThatTheHostDoesNotGive)
     EXPECT_EQ(L"Error 0xA7654321", failure->description);
 }
 
+TEST_F(LateBinding, TakesTheSystemsMessageForACodeWithoutADescription)
+{
+    LetVisibleFail([](EXCEPINFO& info) { info.wCode = 1234; });
+    const auto failure = FailureOfSetVisible();
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(1234, failure->code);
+    EXPECT_EQ(S_OK, failure->status);
+    EXPECT_EQ(L"", failure->source);
+
+    // Not every system has a message for it.
+    wchar_t message[256] = L"";
+    ::FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                     static_cast<DWORD>(DISP_E_EXCEPTION), 0, message, 256, nullptr);
+    std::wstring expected(message);
+    expected.erase(expected.find_last_not_of(L"\r\n ") + 1);
+    EXPECT_EQ(expected.empty() ? L"Error 0x80020009" : expected, failure->description);
+}
+
+HRESULT STDMETHODCALLTYPE FillInFails(EXCEPINFO*)
+{
+    return E_OUTOFMEMORY;
+}
+
+TEST_F(LateBinding, KeepsWhatTheHostGaveAtFirstWhenItCannotFillInTheRest)
+{
+    LetVisibleFail([](EXCEPINFO& info) {
+        info.bstrSource = ::SysAllocString(L"Host");
+        info.scode = static_cast<SCODE>(0xA7654321);
+        info.pfnDeferredFillIn = &FillInFails;
+    });
+    const auto failure = FailureOfSetVisible();
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(L"Host", failure->source);
+    EXPECT_EQ(static_cast<SCODE>(0xA7654321), failure->status);
+    EXPECT_EQ(L"Error 0xA7654321", failure->description);
+}
+
 TEST_F(LateBinding, FreesTheTextsOfAFailure)
 {
     // Larger than the texts that the platform keeps for later.
@@ -236,6 +304,8 @@ TEST_F(LateBinding, FreesTheTextsOfArgumentsAndResults)
     object.members[L"AddMenuItem"] = Gives(item);
     object.members[L"Item"] = Gives(object);
     object.members[L"MenuGroups"] = Gives(object);
+    object.members[L"Type"] = Gives(0L);
+    object.members[L"ShortcutMenu"] = Gives(0L);
     object.members[L"Menus"] = Gives(object);
     object.members[L"OnMenuBar"] = Gives(-1L);
     object.members[L"Delete"] = Gives(0L);
@@ -253,6 +323,7 @@ TEST_F(LateBinding, TakesItemAsAPropertyToo)
     groups.members[L"Item"] = [&](const ScriptedCall& call, VARIANT* result, EXCEPINFO* info) -> HRESULT {
         return (call.flags & DISPATCH_PROPERTYGET) ? Gives(group)(call, result, info) : DISP_E_MEMBERNOTFOUND;
     };
+    group.members[L"Type"] = Gives(0L);
     object.members[L"MenuGroups"] = Gives(groups);
     const auto failure = FailureOf([this] { Create_ACADMenu(&object, L"&Tools"); });
     // The group was reached: it is the one that has no such member.
@@ -270,9 +341,11 @@ TEST_F(LateBinding, DeletesTheLastItemOfAMenuFirst)
     long asked = -1;
     object.members[L"MenuGroups"] = Gives(groups);
     groups.members[L"Item"] = Gives(group);
+    group.members[L"Type"] = Gives(0L);
     group.members[L"Menus"] = Gives(menus);
     menus.members[L"Count"] = Gives(1L);
     menus.members[L"Item"] = Gives(menu);
+    menu.members[L"ShortcutMenu"] = Gives(0L);
     menu.members[L"Name"] = Gives(L"&Tools");
     menu.members[L"OnMenuBar"] = Gives(-1L);
     menu.members[L"Count"] = Gives(3L);

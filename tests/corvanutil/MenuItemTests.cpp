@@ -80,6 +80,51 @@ TEST_F(MenuItem, WithACommandAndNoLabelHasAnEmptyLabel)
     EXPECT_EQ(L"LINE ", Items()[0]->macro);
 }
 
+TEST_F(MenuItem, WithoutACommandEndsNoLineWhereTheHostRefusesAnEmptyMacro)
+{
+    host.model.Policies().macrosNeedText = true;
+    EXPECT_TRUE(AddItem(menu, L"Heading", nullptr, L"help"));
+    ASSERT_EQ(1u, Items().size());
+    EXPECT_EQ(L"Heading", Items()[0]->label);
+    EXPECT_EQ(L"\x1A", Items()[0]->macro);
+    EXPECT_EQ(L"help", Items()[0]->help);
+}
+
+TEST_F(MenuItem, WithoutALabelShowsABlankWhereTheHostRefusesAnEmptyOne)
+{
+    host.model.Policies().labelsNeedText = true;
+    EXPECT_TRUE(AddItem(menu, nullptr, L"LINE ", nullptr));
+    ASSERT_EQ(1u, Items().size());
+    EXPECT_EQ(L" ", Items()[0]->label);
+    EXPECT_EQ(L"LINE ", Items()[0]->macro);
+}
+
+TEST_F(MenuItem, WithHelpOnlyIsAddedWhereTheHostRefusesEmptyTexts)
+{
+    host.model.Policies().labelsNeedText = true;
+    host.model.Policies().macrosNeedText = true;
+    EXPECT_TRUE(AddItem(menu, nullptr, nullptr, L"help"));
+    ASSERT_EQ(1u, Items().size());
+    EXPECT_EQ(L"help", Items()[0]->help);
+}
+
+TEST_F(MenuItem, IsTheSameWithAnyFlags)
+{
+    for (const bool first : {false, true}) {
+        for (const bool second : {false, true})
+            EXPECT_TRUE(Append_MenuItem(menu, L"A", L"A ", L"a", first, second));
+    }
+    ASSERT_EQ(4u, Items().size());
+    for (const auto& item : Items()) {
+        EXPECT_EQ(MenuItemType::Item, item->type);
+        EXPECT_EQ(L"A", item->label);
+        EXPECT_EQ(L"A ", item->macro);
+        EXPECT_EQ(L"a", item->help);
+        EXPECT_TRUE(item->enabled);
+        EXPECT_FALSE(item->checked);
+    }
+}
+
 TEST_F(MenuItem, WithAnEmptyCommandSendsTheBlank)
 {
     AddItem(menu, L"Repeat", L" ", nullptr);
@@ -207,6 +252,16 @@ TEST_F(Cascade, MayHaveNoLabel)
     EXPECT_EQ(L"", Items()[0]->label);
 }
 
+TEST_F(Cascade, WithoutALabelShowsABlankWhereTheHostRefusesAnEmptyOne)
+{
+    host.model.Policies().labelsNeedText = true;
+    IAcadPopupMenu sub(Append_SubMenu(menu, nullptr));
+    ASSERT_EQ(1u, Items().size());
+    EXPECT_EQ(MenuItemType::SubMenu, Items()[0]->type);
+    EXPECT_EQ(L" ", Items()[0]->label);
+    EXPECT_TRUE(AddItem(sub, L"A", L"A ", nullptr));
+}
+
 TEST_F(Cascade, IsReturnedWithOneReferenceOfTheCallers)
 {
     const long before = host.automation.OutstandingReferences();
@@ -235,9 +290,15 @@ TEST_F(Cascade, OfNoMenuFails)
 
 struct Notation
 {
+    const char* name;
     const wchar_t* command;
     std::wstring macro;
 };
+
+void PrintTo(const Notation& notation, std::ostream* out)
+{
+    *out << Escaped(notation.command);
+}
 
 class CaretNotation : public MenuItem, public testing::WithParamInterface<Notation>
 {
@@ -250,19 +311,30 @@ TEST_P(CaretNotation, ReachesTheHostAsControlCharacters)
     IAcadToolbar toolbar = NewToolbar(L"T");
     AddButton(toolbar, GetParam().command, L"tip");
     EXPECT_EQ(GetParam().macro, host.FindToolbar(L"T")->items[0]->macro);
+    AddFlyout(toolbar, GetParam().command, L"tip", NewToolbar(L"SubToolbar"));
+    EXPECT_EQ(GetParam().macro, host.FindToolbar(L"T")->items[1]->macro);
 }
 
-INSTANTIATE_TEST_SUITE_P(Commands, CaretNotation,
-                         testing::Values(Notation{L"^C^C_LINE ", L"\x03\x03_LINE "},
-                                         Notation{L"^c^cline ", L"\x03\x03line "}, Notation{L"^P", L"\x10"},
-                                         Notation{L"^A^Z", L"\x01\x1A"}, Notation{L"^a^z", L"\x01\x1A"},
-                                         Notation{L"^[^\\^]^_", L"\x1B\x1C\x1D\x1F"},
-                                         Notation{L"^^C", L"\x1E"
-                                                          L"C"},
-                                         Notation{L"a^@b", std::wstring(L"a\0b", 3)}, Notation{L"2^", L"2^"},
-                                         Notation{L"2^ ", L"2^ "}, Notation{L"2^3", L"2^3"},
-                                         Notation{L"^`^{^~^?", L"^`^{^~^?"}, Notation{L"^\u00C3", L"^\u00C3"},
-                                         Notation{L"LINE ", L"LINE "}, Notation{L"^", L"^"}));
+const Notation Notations[] = {
+    {"CancelTwice", L"^C^C_LINE ", L"\x03\x03_LINE "},
+    {"SmallLetters", L"^c^cline ", L"\x03\x03line "},
+    {"Alone", L"^P", L"\x10"},
+    {"FirstAndLastLetter", L"^A^Z", L"\x01\x1A"},
+    {"FirstAndLastSmallLetter", L"^a^z", L"\x01\x1A"},
+    {"SignsAfterTheLetters", L"^[^\\^]^_", L"\x1B\x1C\x1D\x1F"},
+    {"CaretAfterCaret", L"^^C", std::wstring(L"\x1E") + L"C"},
+    {"Zero", L"a^@b", std::wstring(L"a\0b", 3)},
+    {"CaretAtTheEnd", L"2^", L"2^"},
+    {"CaretBeforeABlank", L"2^ ", L"2^ "},
+    {"CaretBeforeADigit", L"2^3", L"2^3"},
+    {"OtherSigns", L"^`^{^~^?", L"^`^{^~^?"},
+    {"LetterBeyondAscii", L"^\u00C3", L"^\u00C3"},
+    {"NoCaret", L"LINE ", L"LINE "},
+    {"CaretOnly", L"^", L"^"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Commands, CaretNotation, testing::ValuesIn(Notations),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(MenuItem, KeepsCaretsInLabelAndHelp)
 {

@@ -131,6 +131,52 @@ TEST_F(Menu, MayHaveAnEmptyName)
     EXPECT_THAT(host.BarNames(), ElementsAre(L""));
 }
 
+TEST_F(Menu, WithoutANameIsOneWithAnEmptyName)
+{
+    NewMenu(nullptr);
+    AddItem(NewMenu(L""), L"A", L"A ", nullptr);
+    EXPECT_EQ(1u, host.FindMenu(L"")->items.size());
+    NewMenu(nullptr);
+    EXPECT_THAT(host.MenuNames(), ElementsAre(L""));
+    EXPECT_THAT(host.BarNames(), ElementsAre(L""));
+    EXPECT_TRUE(host.FindMenu(L"")->items.empty());
+}
+
+TEST_F(Menu, ThatIsThereAlreadyIsEmptiedWhoeverMadeItAlsoWithoutAName)
+{
+    for (const wchar_t* name : {L"&Tools", L""}) {
+        const auto& other = host.model.AddMenu(host.Base().id, name);
+        host.model.AddMenuItem(other.id, 0L, L"X", L"X ");
+        NewMenu(name);
+        EXPECT_TRUE(other.items.empty());
+    }
+    EXPECT_THAT(host.MenuNames(), ElementsAre(L"&Tools", L""));
+}
+
+TEST_F(Menu, IsNeverAShortcutMenu)
+{
+    for (const bool isThere : {false, true}) {
+        if (isThere) {
+            const auto& shortcut = host.model.AddMenu(host.Base().id, L"POP0");
+            ASSERT_TRUE(shortcut.shortcut);
+            host.model.AddMenuItem(shortcut.id, 0L, L"X", L"X ");
+        }
+        for (const wchar_t* name : {L"POP0", L"pop0", L"Pop0"}) {
+            const auto failure = FailureOf([&] { NewMenu(name); });
+            ASSERT_TRUE(failure);
+            EXPECT_EQ(E_INVALIDARG, failure->status);
+            EXPECT_EQ(0, failure->code);
+            EXPECT_EQ(L"CorvanUtil22.Create_ACADMenu", failure->source);
+            EXPECT_EQ(L"\"" + std::wstring(name) +
+                          L"\" is the name of a shortcut menu, which is no menu of the menu bar.",
+                      failure->description);
+            EXPECT_EQ(isThere ? 1u : 0u, host.MenuNames().size());
+        }
+    }
+    EXPECT_EQ(1u, host.FindMenu(L"POP0")->items.size());
+    EXPECT_TRUE(host.BarNames().empty());
+}
+
 TEST_F(Menu, MayHaveANameOfAnyCharactersAndLength)
 {
     const std::wstring name = L"&\u00DC\u0416\u6982\U0001F4D0" + std::wstring(5000, L'x');

@@ -40,7 +40,7 @@ HRESULT ScriptedObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
         ++id;
     }
     *ids = DISPID_UNKNOWN;
-    return unknownName;
+    return DISP_E_UNKNOWNNAME;
 }
 
 HRESULT ScriptedObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,

@@ -30,8 +30,6 @@ public:
     // given out have nothing to do with those of any host.
     std::map<std::wstring, Member> members;
     long references = 0;
-    // What GetIDsOfNames returns for names that are not there.
-    HRESULT unknownName = DISP_E_UNKNOWNNAME;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
     ULONG STDMETHODCALLTYPE AddRef() override { return static_cast<ULONG>(++references); }

@@ -101,6 +101,16 @@ TEST_F(Toolbar, MayHaveAnEmptyName)
     EXPECT_THAT(host.ToolbarNames(), ElementsAre(L""));
 }
 
+TEST_F(Toolbar, WithoutANameIsOneWithAnEmptyName)
+{
+    NewToolbar(nullptr);
+    AddButton(NewToolbar(L""), L"A ", L"A");
+    EXPECT_EQ(1u, host.FindToolbar(L"")->items.size());
+    NewToolbar(nullptr);
+    EXPECT_THAT(host.ToolbarNames(), ElementsAre(L""));
+    EXPECT_TRUE(host.FindToolbar(L"")->items.empty());
+}
+
 TEST_F(Toolbar, MayHaveANameOfAnyCharactersAndLength)
 {
     const std::wstring name = L"&\u00DC\u0416\u6982\U0001F4D0" + std::wstring(5000, L'x');
@@ -175,6 +185,17 @@ TEST_F(Button, WithoutACommandSendsNothing)
 {
     EXPECT_TRUE(AddButton(toolbar, nullptr, L"Line"));
     EXPECT_EQ(L"", Items()[0]->macro);
+    EXPECT_EQ(ToolbarItemType::Button, Items()[0]->type);
+}
+
+TEST_F(Button, WithoutACommandEndsNoLineWhereTheHostRefusesAnEmptyMacro)
+{
+    host.model.Policies().macrosNeedText = true;
+    host.model.Policies().labelsNeedText = true;
+    EXPECT_TRUE(AddButton(toolbar, nullptr, nullptr));
+    ASSERT_EQ(1u, Items().size());
+    EXPECT_EQ(L"\x1A", Items()[0]->macro);
+    EXPECT_EQ(L"Button", Items()[0]->name);
     EXPECT_EQ(ToolbarItemType::Button, Items()[0]->type);
 }
 

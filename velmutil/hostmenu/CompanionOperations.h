@@ -16,8 +16,8 @@
 
 #include "hostmenu/HostWrappers.h"
 
-// Creates the host pop-up menu called `name` in the base group and shows it at the right end of the menu bar.
-// Null is an empty name, and that is a name like any other. `application` is the application's dispatch
+// Creates the host pop-up menu called `name` in the base group and shows it at the right end of the menu
+// bar. Null is an empty name, and that is a name like any other. `application` is the application's dispatch
 // interface; no reference to it is kept.
 //
 // A menu of that name which is there already, letter case aside and the mnemonic sign `&` included, is taken
