@@ -19,15 +19,15 @@ class CFileException;
 // record for each class and register it in the list of the module that holds it.
 struct CRuntimeClass
 {
-// Attributes
+    // Attributes
     LPCSTR m_lpszClassName;
-    int m_nObjectSize;  // bytes
-    UINT m_wSchema;     // 0xFFFF for classes that cannot be serialised
-    CObject* (PASCAL* m_pfnCreateObject)();            // NULL: not dynamically creatable
-    CRuntimeClass* (PASCAL* m_pfnGetBaseClass)();      // NULL for CObject
-    mutable CRuntimeClass* m_pNextClass;               // next class of the same module
+    int m_nObjectSize;                           // bytes
+    UINT m_wSchema;                              // 0xFFFF for classes that cannot be serialised
+    CObject*(PASCAL* m_pfnCreateObject)();       // NULL: not dynamically creatable
+    CRuntimeClass*(PASCAL* m_pfnGetBaseClass)(); // NULL for CObject
+    mutable CRuntimeClass* m_pNextClass;         // next class of the same module
 
-// Operations
+    // Operations
     // Makes an object of the class with its default constructor, on the heap; the caller deletes it.
     // NULL if the class is not dynamically creatable or memory is short. Exceptions of the
     // constructor other than CMemoryException pass.
@@ -80,7 +80,7 @@ private:
     CObject(const CObject& objectSrc) = delete;
     void operator=(const CObject& objectSrc) = delete;
 
-// Attributes
+    // Attributes
 public:
     // TRUE if the object is of the class pClass or of one derived from it, in whichever module.
     BOOL IsKindOf(const CRuntimeClass* pClass) const;
@@ -88,7 +88,7 @@ public:
     // Checks the object's inner consistency; what ASSERT_VALID calls.
     virtual void AssertValid() const;
 
-// Implementation
+    // Implementation
 public:
     static const CRuntimeClass classCObject;
     static CRuntimeClass* PASCAL GetThisClass();
@@ -106,39 +106,49 @@ AFX_CORE_API void AFXAPI AfxAssertValidObject(const CObject* pOb, LPCSTR lpszFil
 
 #define RUNTIME_CLASS(class_name) (class_name::GetThisClass())
 
-#define DECLARE_DYNAMIC(class_name) \
-protected: \
-    static CRuntimeClass* PASCAL _GetBaseClass(); \
-public: \
-    static const CRuntimeClass class##class_name; \
-    static CRuntimeClass* PASCAL GetThisClass(); \
+#define DECLARE_DYNAMIC(class_name)                                                                          \
+protected:                                                                                                   \
+    static CRuntimeClass* PASCAL _GetBaseClass();                                                            \
+                                                                                                             \
+public:                                                                                                      \
+    static const CRuntimeClass class##class_name;                                                            \
+    static CRuntimeClass* PASCAL GetThisClass();                                                             \
     virtual CRuntimeClass* GetRuntimeClass() const;
 
-#define DECLARE_DYNCREATE(class_name) \
-    DECLARE_DYNAMIC(class_name) \
+#define DECLARE_DYNCREATE(class_name)                                                                        \
+    DECLARE_DYNAMIC(class_name)                                                                              \
     static CObject* PASCAL CreateObject();
 
-#define AFX_IMPLEMENT_RUNTIMECLASS_(class_name, base_class_name, pfnNew) \
-    CRuntimeClass* PASCAL class_name::_GetBaseClass() { return RUNTIME_CLASS(base_class_name); } \
-    const CRuntimeClass class_name::class##class_name = { \
-        #class_name, sizeof(class class_name), 0xFFFF, pfnNew, &class_name::_GetBaseClass, NULL}; \
-    CRuntimeClass* PASCAL class_name::GetThisClass() \
-    { \
-        return const_cast<CRuntimeClass*>(&class_name::class##class_name); \
-    } \
-    CRuntimeClass* class_name::GetRuntimeClass() const { return GetThisClass(); } \
+#define AFX_IMPLEMENT_RUNTIMECLASS_(class_name, base_class_name, pfnNew)                                     \
+    CRuntimeClass* PASCAL class_name::_GetBaseClass()                                                        \
+    {                                                                                                        \
+        return RUNTIME_CLASS(base_class_name);                                                               \
+    }                                                                                                        \
+    const CRuntimeClass class_name::class##class_name = {#class_name, sizeof(class class_name),   0xFFFF,    \
+                                                         pfnNew,      &class_name::_GetBaseClass, NULL};     \
+    CRuntimeClass* PASCAL class_name::GetThisClass()                                                         \
+    {                                                                                                        \
+        return const_cast<CRuntimeClass*>(&class_name::class##class_name);                                   \
+    }                                                                                                        \
+    CRuntimeClass* class_name::GetRuntimeClass() const                                                       \
+    {                                                                                                        \
+        return GetThisClass();                                                                               \
+    }                                                                                                        \
     static const AFX_CLASSINIT afxClassInit##class_name(class_name::GetThisClass());
 
-#define IMPLEMENT_DYNAMIC(class_name, base_class_name) \
+#define IMPLEMENT_DYNAMIC(class_name, base_class_name)                                                       \
     AFX_IMPLEMENT_RUNTIMECLASS_(class_name, base_class_name, NULL)
 
-#define IMPLEMENT_DYNCREATE(class_name, base_class_name) \
-    CObject* PASCAL class_name::CreateObject() { return new class_name; } \
+#define IMPLEMENT_DYNCREATE(class_name, base_class_name)                                                     \
+    CObject* PASCAL class_name::CreateObject()                                                               \
+    {                                                                                                        \
+        return new class_name;                                                                               \
+    }                                                                                                        \
     AFX_IMPLEMENT_RUNTIMECLASS_(class_name, base_class_name, &class_name::CreateObject)
 
 // The object as a pointer to class_name, or NULL if it is not of that class.
 AFX_CORE_API CObject* AFXAPI AfxDynamicDownCast(CRuntimeClass* pClass, CObject* pObject);
-#define DYNAMIC_DOWNCAST(class_name, object) \
+#define DYNAMIC_DOWNCAST(class_name, object)                                                                 \
     (static_cast<class_name*>(AfxDynamicDownCast(RUNTIME_CLASS(class_name), object)))
 #define STATIC_DOWNCAST(class_name, object) (static_cast<class_name*>(object))
 

@@ -20,10 +20,10 @@ public:
     COleException();
     virtual ~COleException();
 
-// Attributes
+    // Attributes
     SCODE m_sc;
 
-// Operations
+    // Operations
     // The code that tells a COM caller of any exception: its own of a COleException, else the nearest.
     static SCODE PASCAL Process(const CException* pAnyException);
 
@@ -41,15 +41,15 @@ public:
     COleDispatchException(LPCTSTR lpszDescription, UINT nHelpID, WORD wCode);
     virtual ~COleDispatchException();
 
-// Attributes
-    WORD m_wCode;             // the object's own code, or 0: then m_scError tells
+    // Attributes
+    WORD m_wCode; // the object's own code, or 0: then m_scError tells
     CString m_strSource;
     CString m_strDescription;
     DWORD m_dwHelpContext;
     CString m_strHelpFile;
     SCODE m_scError;
 
-// Operations
+    // Operations
     // Fills pInfo, whose strings the caller then owns, from any exception: what an Invoke of one's own
     // hands out together with DISP_E_EXCEPTION.
     static void PASCAL Process(EXCEPINFO* pInfo, const CException* pAnyException);
@@ -122,14 +122,14 @@ public:
     COleDispatchDriver(const COleDispatchDriver& dispatchSrc);
     ~COleDispatchDriver() { ReleaseDispatch(); }
 
-// Attributes
+    // Attributes
     LPDISPATCH m_lpDispatch;
     BOOL m_bAutoRelease;
     // No reference is added.
     operator LPDISPATCH() { return m_lpDispatch; }
     const COleDispatchDriver& operator=(const COleDispatchDriver& dispatchSrc);
 
-// Operations
+    // Operations
     // Makes an object and holds it. FALSE if it cannot be made; *pError then says why.
     BOOL CreateDispatch(REFCLSID clsid, COleException* pError = NULL);
     // By program id, or class id in braces.
@@ -152,7 +152,7 @@ public:
     void AFX_CDECL SetProperty(DISPID dwDispID, VARTYPE vtProp, ...);
     void GetProperty(DISPID dwDispID, VARTYPE vtProp, void* pvProp) const;
 
-// Implementation
+    // Implementation
     void InvokeHelperV(DISPID dwDispID, WORD wFlags, VARTYPE vtRet, void* pvRet, const BYTE* pbParamInfo,
                        va_list argList);
 };

@@ -37,13 +37,13 @@ public:
     CDynLinkLibrary(HINSTANCE hModule, HINSTANCE hResource);
     virtual ~CDynLinkLibrary();
 
-// Attributes
+    // Attributes
     HMODULE m_hModule;
     HMODULE m_hResource;
     CRuntimeClass* m_pFirstSharedClass;
     BOOL m_bSystem;
 
-// Implementation
+    // Implementation
     CDynLinkLibrary* m_pNextDLL;
 };
 

@@ -11,7 +11,7 @@ public:
     CException();
     explicit CException(BOOL bAutoDelete);
 
-// Operations
+    // Operations
     // Ends the life of a caught exception: frees it if it was made with new for that.
     void Delete();
 
@@ -24,7 +24,7 @@ public:
     // own: that of the string resource nMessageID, or a general one if that is 0.
     virtual int ReportError(UINT nType = MB_OK, UINT nMessageID = 0);
 
-// Implementation
+    // Implementation
     virtual ~CException();
     BOOL m_bAutoDelete;
 };
@@ -45,21 +45,21 @@ protected:
     UINT m_nResourceID;
 };
 
-#define AFX_SIMPLE_EXCEPTION_(class_name) \
-    class AFX_CORE_API class_name : public CSimpleException \
-    { \
-        DECLARE_DYNAMIC(class_name) \
-    public: \
-        class_name(); \
-        explicit class_name(BOOL bAutoDelete); \
-        class_name(BOOL bAutoDelete, UINT nResourceID); \
+#define AFX_SIMPLE_EXCEPTION_(class_name)                                                                    \
+    class AFX_CORE_API class_name : public CSimpleException                                                  \
+    {                                                                                                        \
+        DECLARE_DYNAMIC(class_name)                                                                          \
+    public:                                                                                                  \
+        class_name();                                                                                        \
+        explicit class_name(BOOL bAutoDelete);                                                               \
+        class_name(BOOL bAutoDelete, UINT nResourceID);                                                      \
     }
 
-AFX_SIMPLE_EXCEPTION_(CMemoryException);        // out of memory
-AFX_SIMPLE_EXCEPTION_(CNotSupportedException);  // an operation that is not supported
-AFX_SIMPLE_EXCEPTION_(CInvalidArgException);    // an argument out of its range
-AFX_SIMPLE_EXCEPTION_(CResourceException);      // a resource that is missing or cannot be made
-AFX_SIMPLE_EXCEPTION_(CUserException);          // stops an operation the user has been told about
+AFX_SIMPLE_EXCEPTION_(CMemoryException);       // out of memory
+AFX_SIMPLE_EXCEPTION_(CNotSupportedException); // an operation that is not supported
+AFX_SIMPLE_EXCEPTION_(CInvalidArgException);   // an argument out of its range
+AFX_SIMPLE_EXCEPTION_(CResourceException);     // a resource that is missing or cannot be made
+AFX_SIMPLE_EXCEPTION_(CUserException);         // stops an operation the user has been told about
 
 [[noreturn]] AFX_CORE_API void AFXAPI AfxThrowNotSupportedException();
 [[noreturn]] AFX_CORE_API void AFXAPI AfxThrowResourceException();
@@ -93,12 +93,12 @@ public:
     explicit CFileException(int cause = CFileException::none, LONG lOsError = -1,
                             LPCTSTR lpszArchiveName = NULL);
 
-// Attributes
-    int m_cause;            // one of the enumeration above
-    LONG m_lOsError;        // the system's error code, -1 if there is none
-    CString m_strFileName;  // may be empty
+    // Attributes
+    int m_cause;           // one of the enumeration above
+    LONG m_lOsError;       // the system's error code, -1 if there is none
+    CString m_strFileName; // may be empty
 
-// Operations
+    // Operations
     // The cause that belongs to a Win32 error code, to a value of errno.
     static int PASCAL OsErrorToException(LONG lOsError);
     static int PASCAL ErrnoToException(int nErrno);
@@ -132,25 +132,27 @@ struct AFX_EXCEPTION_LINK
     AFX_EXCEPTION_LINK& operator=(const AFX_EXCEPTION_LINK&) = delete;
 };
 
-#define TRY \
-    { \
-        AFX_EXCEPTION_LINK afxExceptionLink; \
+#define TRY                                                                                                  \
+    {                                                                                                        \
+        AFX_EXCEPTION_LINK afxExceptionLink;                                                                 \
         try {
-#define CATCH(class_name, e) \
-        } catch (class_name* e) { \
-            ASSERT(e->IsKindOf(RUNTIME_CLASS(class_name))); \
-            afxExceptionLink.m_pException = e;
+#define CATCH(class_name, e)                                                                                 \
+    }                                                                                                        \
+    catch (class_name * e) {                                                                                 \
+        ASSERT(e->IsKindOf(RUNTIME_CLASS(class_name)));                                                      \
+        afxExceptionLink.m_pException = e;
 #define AND_CATCH(class_name, e) CATCH(class_name, e)
 #define CATCH_ALL(e) CATCH(CException, e)
 #define AND_CATCH_ALL(e) CATCH(CException, e)
-#define END_CATCH \
-        } \
+#define END_CATCH                                                                                            \
+    }                                                                                                        \
     }
 #define END_CATCH_ALL END_CATCH
-#define END_TRY \
-        } catch (CException* afxException) { \
-            afxExceptionLink.m_pException = afxException; \
-        } \
+#define END_TRY                                                                                              \
+    }                                                                                                        \
+    catch (CException * afxException) {                                                                      \
+        afxExceptionLink.m_pException = afxException;                                                        \
+    }                                                                                                        \
     }
 #define THROW(e) throw e
 #define THROW_LAST() (afxExceptionLink.m_pException = NULL, throw)

@@ -6,11 +6,11 @@
 // What CFile::GetStatus tells of a file.
 struct CFileStatus
 {
-    CTime m_ctime;  // creation
-    CTime m_mtime;  // last change
-    CTime m_atime;  // last access
-    ULONGLONG m_size;   // bytes
-    BYTE m_attribute;   // FILE_ATTRIBUTE_ values
+    CTime m_ctime;    // creation
+    CTime m_mtime;    // last change
+    CTime m_atime;    // last access
+    ULONGLONG m_size; // bytes
+    BYTE m_attribute; // FILE_ATTRIBUTE_ values
     BYTE _m_padding;
     TCHAR m_szFullName[_MAX_PATH];
 };
@@ -59,8 +59,8 @@ public:
     CFile(LPCTSTR lpszFileName, UINT nOpenFlags);
     virtual ~CFile();
 
-// Attributes
-    HANDLE m_hFile;  // hFileNull while nothing is open
+    // Attributes
+    HANDLE m_hFile; // hFileNull while nothing is open
     operator HANDLE() const;
     virtual ULONGLONG GetPosition() const;
     virtual ULONGLONG GetLength() const;
@@ -73,7 +73,7 @@ public:
     BOOL GetStatus(CFileStatus& rStatus) const;
     static BOOL PASCAL GetStatus(LPCTSTR lpszFileName, CFileStatus& rStatus);
 
-// Operations
+    // Operations
     // FALSE when it cannot be opened; *pError then says why, if given. Nothing is thrown for that.
     virtual BOOL Open(LPCTSTR lpszFileName, UINT nOpenFlags, CFileException* pError = NULL);
     static void PASCAL Rename(LPCTSTR lpszOldName, LPCTSTR lpszNewName);
@@ -99,7 +99,7 @@ public:
     // A second object, made with new, on a duplicate of the handle.
     virtual CFile* Duplicate() const;
 
-// Implementation
+    // Implementation
 protected:
     BOOL m_bCloseOnDelete;
     CString m_strFileName;
@@ -119,10 +119,10 @@ public:
     CStdioFile(LPCTSTR lpszFileName, UINT nOpenFlags);
     virtual ~CStdioFile();
 
-// Attributes
-    FILE* m_pStream;  // NULL while nothing is open
+    // Attributes
+    FILE* m_pStream; // NULL while nothing is open
 
-// Operations
+    // Operations
     virtual void WriteString(LPCTSTR lpsz);
     // At most nMax - 1 characters and a zero, up to and with the end of line. NULL at the end of the file.
     virtual LPTSTR ReadString(LPTSTR lpsz, UINT nMax);

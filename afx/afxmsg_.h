@@ -6,82 +6,96 @@
 
 #include "win/msgmap.h"
 
-#define AFX_WINDOW_ENTRY(message, kind, member)                                  \
-    AFX_MSGMAP_ENTRY{ message, 0, 0, 0, &AfxHandlerKind::kind::Call,             \
-        AfxHideHandler(static_cast<AfxHandlerKind::kind::Handler>(member)), nullptr },
+#define AFX_WINDOW_ENTRY(message, kind, member)                                                              \
+    AFX_MSGMAP_ENTRY{message,                                                                                \
+                     0,                                                                                      \
+                     0,                                                                                      \
+                     0,                                                                                      \
+                     &AfxHandlerKind::kind::Call,                                                            \
+                     AfxHideHandler(static_cast<AfxHandlerKind::kind::Handler>(member)),                     \
+                     nullptr},
 
-#define AFX_COMMAND_ENTRY(message, code, first, last, kind, member)              \
-    AFX_MSGMAP_ENTRY{ message, static_cast<UINT>(code) & 0xFFFFu,                \
-        static_cast<UINT>(first) & 0xFFFFu, static_cast<UINT>(last) & 0xFFFFu,   \
-        &AfxHandlerKind::kind::Call,                                             \
-        AfxHideHandler(static_cast<AfxHandlerKind::kind::Handler>(member)), nullptr },
+#define AFX_COMMAND_ENTRY(message, code, first, last, kind, member)                                          \
+    AFX_MSGMAP_ENTRY{message,                                                                                \
+                     static_cast<UINT>(code) & 0xFFFFu,                                                      \
+                     static_cast<UINT>(first) & 0xFFFFu,                                                     \
+                     static_cast<UINT>(last) & 0xFFFFu,                                                      \
+                     &AfxHandlerKind::kind::Call,                                                            \
+                     AfxHideHandler(static_cast<AfxHandlerKind::kind::Handler>(member)),                     \
+                     nullptr},
 
 // Commands of menus, accelerators and buttons: void Handler(). The _EX forms take the id and return
 // FALSE to let the command travel on.
-#define ON_COMMAND(id, memberFxn) \
-    AFX_COMMAND_ENTRY(WM_COMMAND, CN_COMMAND, id, id, Command, memberFxn)
-#define ON_COMMAND_RANGE(id, idLast, memberFxn) \
+#define ON_COMMAND(id, memberFxn) AFX_COMMAND_ENTRY(WM_COMMAND, CN_COMMAND, id, id, Command, memberFxn)
+#define ON_COMMAND_RANGE(id, idLast, memberFxn)                                                              \
     AFX_COMMAND_ENTRY(WM_COMMAND, CN_COMMAND, id, idLast, CommandId, memberFxn)
-#define ON_COMMAND_EX(id, memberFxn) \
-    AFX_COMMAND_ENTRY(WM_COMMAND, CN_COMMAND, id, id, CommandEx, memberFxn)
-#define ON_COMMAND_EX_RANGE(id, idLast, memberFxn) \
+#define ON_COMMAND_EX(id, memberFxn) AFX_COMMAND_ENTRY(WM_COMMAND, CN_COMMAND, id, id, CommandEx, memberFxn)
+#define ON_COMMAND_EX_RANGE(id, idLast, memberFxn)                                                           \
     AFX_COMMAND_ENTRY(WM_COMMAND, CN_COMMAND, id, idLast, CommandEx, memberFxn)
 
 // State of a command's item or button: void Handler(CCmdUI*).
-#define ON_UPDATE_COMMAND_UI(id, memberFxn) \
+#define ON_UPDATE_COMMAND_UI(id, memberFxn)                                                                  \
     AFX_COMMAND_ENTRY(WM_COMMAND, CN_UPDATE_COMMAND_UI, id, id, CommandUI, memberFxn)
-#define ON_UPDATE_COMMAND_UI_RANGE(id, idLast, memberFxn) \
+#define ON_UPDATE_COMMAND_UI_RANGE(id, idLast, memberFxn)                                                    \
     AFX_COMMAND_ENTRY(WM_COMMAND, CN_UPDATE_COMMAND_UI, id, idLast, CommandUI, memberFxn)
-#define ON_UPDATE_COMMAND_UI_REFLECT(memberFxn)                                              \
-    AFX_COMMAND_ENTRY(WM_COMMAND + WM_REFLECT_BASE, CN_UPDATE_COMMAND_UI, 0, 0, CommandUI, \
-                      memberFxn)
+#define ON_UPDATE_COMMAND_UI_REFLECT(memberFxn)                                                              \
+    AFX_COMMAND_ENTRY(WM_COMMAND + WM_REFLECT_BASE, CN_UPDATE_COMMAND_UI, 0, 0, CommandUI, memberFxn)
 
 // Notifications of controls by WM_COMMAND: void Handler(), with the id for a range.
-#define ON_CONTROL(wNotifyCode, id, memberFxn) \
+#define ON_CONTROL(wNotifyCode, id, memberFxn)                                                               \
     AFX_COMMAND_ENTRY(WM_COMMAND, wNotifyCode, id, id, Command, memberFxn)
-#define ON_CONTROL_RANGE(wNotifyCode, id, idLast, memberFxn) \
+#define ON_CONTROL_RANGE(wNotifyCode, id, idLast, memberFxn)                                                 \
     AFX_COMMAND_ENTRY(WM_COMMAND, wNotifyCode, id, idLast, CommandId, memberFxn)
-#define ON_CONTROL_REFLECT(wNotifyCode, memberFxn) \
+#define ON_CONTROL_REFLECT(wNotifyCode, memberFxn)                                                           \
     AFX_COMMAND_ENTRY(WM_COMMAND + WM_REFLECT_BASE, wNotifyCode, 0, 0, Command, memberFxn)
-#define ON_CONTROL_REFLECT_EX(wNotifyCode, memberFxn) \
+#define ON_CONTROL_REFLECT_EX(wNotifyCode, memberFxn)                                                        \
     AFX_COMMAND_ENTRY(WM_COMMAND + WM_REFLECT_BASE, wNotifyCode, 0, 0, ControlReflectEx, memberFxn)
 
 // Notifications of controls by WM_NOTIFY: void Handler(NMHDR*, LRESULT*), with the id for a range.
 // The _EX forms return FALSE to let the notification travel on.
-#define ON_NOTIFY(wNotifyCode, id, memberFxn) \
+#define ON_NOTIFY(wNotifyCode, id, memberFxn)                                                                \
     AFX_COMMAND_ENTRY(WM_NOTIFY, wNotifyCode, id, id, Notify, memberFxn)
-#define ON_NOTIFY_RANGE(wNotifyCode, id, idLast, memberFxn) \
+#define ON_NOTIFY_RANGE(wNotifyCode, id, idLast, memberFxn)                                                  \
     AFX_COMMAND_ENTRY(WM_NOTIFY, wNotifyCode, id, idLast, NotifyId, memberFxn)
-#define ON_NOTIFY_EX(wNotifyCode, id, memberFxn) \
+#define ON_NOTIFY_EX(wNotifyCode, id, memberFxn)                                                             \
     AFX_COMMAND_ENTRY(WM_NOTIFY, wNotifyCode, id, id, NotifyEx, memberFxn)
-#define ON_NOTIFY_EX_RANGE(wNotifyCode, id, idLast, memberFxn) \
+#define ON_NOTIFY_EX_RANGE(wNotifyCode, id, idLast, memberFxn)                                               \
     AFX_COMMAND_ENTRY(WM_NOTIFY, wNotifyCode, id, idLast, NotifyEx, memberFxn)
-#define ON_NOTIFY_REFLECT(wNotifyCode, memberFxn) \
+#define ON_NOTIFY_REFLECT(wNotifyCode, memberFxn)                                                            \
     AFX_COMMAND_ENTRY(WM_NOTIFY + WM_REFLECT_BASE, wNotifyCode, 0, 0, Notify, memberFxn)
-#define ON_NOTIFY_REFLECT_EX(wNotifyCode, memberFxn) \
+#define ON_NOTIFY_REFLECT_EX(wNotifyCode, memberFxn)                                                         \
     AFX_COMMAND_ENTRY(WM_NOTIFY + WM_REFLECT_BASE, wNotifyCode, 0, 0, NotifyReflectEx, memberFxn)
 
 // Any message: LRESULT Handler(WPARAM, LPARAM). The registered form takes the variable that holds
 // the number; it is read when a message comes, not when the map is built.
 #define ON_MESSAGE(message, memberFxn) AFX_WINDOW_ENTRY(message, Message, memberFxn)
-#define ON_REGISTERED_MESSAGE(nMessageVariable, memberFxn)                              \
-    AFX_MSGMAP_ENTRY{ 0xC000, 0, 0, 0, &AfxHandlerKind::Message::Call,                  \
-        AfxHideHandler(static_cast<AfxHandlerKind::Message::Handler>(memberFxn)),       \
-        &nMessageVariable },
+#define ON_REGISTERED_MESSAGE(nMessageVariable, memberFxn)                                                   \
+    AFX_MSGMAP_ENTRY{0xC000,                                                                                 \
+                     0,                                                                                      \
+                     0,                                                                                      \
+                     0,                                                                                      \
+                     &AfxHandlerKind::Message::Call,                                                         \
+                     AfxHideHandler(static_cast<AfxHandlerKind::Message::Handler>(memberFxn)),               \
+                     &nMessageVariable},
 
 // Messages posted to a thread: void Handler(WPARAM, LPARAM) of a CWinThread.
 #define ON_THREAD_MESSAGE(message, memberFxn) AFX_WINDOW_ENTRY(message, ThreadMessage, memberFxn)
-#define ON_REGISTERED_THREAD_MESSAGE(nMessageVariable, memberFxn)                       \
-    AFX_MSGMAP_ENTRY{ 0xC000, 0, 0, 0, &AfxHandlerKind::ThreadMessage::Call,            \
-        AfxHideHandler(static_cast<AfxHandlerKind::ThreadMessage::Handler>(memberFxn)), \
-        &nMessageVariable },
+#define ON_REGISTERED_THREAD_MESSAGE(nMessageVariable, memberFxn)                                            \
+    AFX_MSGMAP_ENTRY{0xC000,                                                                                 \
+                     0,                                                                                      \
+                     0,                                                                                      \
+                     0,                                                                                      \
+                     &AfxHandlerKind::ThreadMessage::Call,                                                   \
+                     AfxHideHandler(static_cast<AfxHandlerKind::ThreadMessage::Handler>(memberFxn)),         \
+                     &nMessageVariable},
 
 // Window messages with a handler of fixed name.
 #define ON_WM_ACTIVATE() AFX_WINDOW_ENTRY(WM_ACTIVATE, Activate, &ThisClass::OnActivate)
 #define ON_WM_ACTIVATEAPP() AFX_WINDOW_ENTRY(WM_ACTIVATEAPP, BoolDword, &ThisClass::OnActivateApp)
 #define ON_WM_APPCOMMAND() AFX_WINDOW_ENTRY(WM_APPCOMMAND, AppCommand, &ThisClass::OnAppCommand)
 #define ON_WM_CANCELMODE() AFX_WINDOW_ENTRY(WM_CANCELMODE, Plain, &ThisClass::OnCancelMode)
-#define ON_WM_CAPTURECHANGED() AFX_WINDOW_ENTRY(WM_CAPTURECHANGED, WindowFromLparam, &ThisClass::OnCaptureChanged)
+#define ON_WM_CAPTURECHANGED()                                                                               \
+    AFX_WINDOW_ENTRY(WM_CAPTURECHANGED, WindowFromLparam, &ThisClass::OnCaptureChanged)
 #define ON_WM_CHANGEUISTATE() AFX_WINDOW_ENTRY(WM_CHANGEUISTATE, UintHiLo, &ThisClass::OnChangeUIState)
 #define ON_WM_CHAR() AFX_WINDOW_ENTRY(WM_CHAR, Key, &ThisClass::OnChar)
 #define ON_WM_CHARTOITEM() AFX_WINDOW_ENTRY(WM_CHARTOITEM, KeyToItem, &ThisClass::OnCharToItem)
@@ -120,7 +134,8 @@
 #define ON_WM_INITMENU() AFX_WINDOW_ENTRY(WM_INITMENU, InitMenu, &ThisClass::OnInitMenu)
 #define ON_WM_INITMENUPOPUP() AFX_WINDOW_ENTRY(WM_INITMENUPOPUP, InitMenuPopup, &ThisClass::OnInitMenuPopup)
 #define ON_WM_INPUTLANGCHANGE() AFX_WINDOW_ENTRY(WM_INPUTLANGCHANGE, UintUint, &ThisClass::OnInputLangChange)
-#define ON_WM_INPUTLANGCHANGEREQUEST() AFX_WINDOW_ENTRY(WM_INPUTLANGCHANGEREQUEST, UintUint, &ThisClass::OnInputLangChangeRequest)
+#define ON_WM_INPUTLANGCHANGEREQUEST()                                                                       \
+    AFX_WINDOW_ENTRY(WM_INPUTLANGCHANGEREQUEST, UintUint, &ThisClass::OnInputLangChangeRequest)
 #define ON_WM_KEYDOWN() AFX_WINDOW_ENTRY(WM_KEYDOWN, Key, &ThisClass::OnKeyDown)
 #define ON_WM_KEYUP() AFX_WINDOW_ENTRY(WM_KEYUP, Key, &ThisClass::OnKeyUp)
 #define ON_WM_KILLFOCUS() AFX_WINDOW_ENTRY(WM_KILLFOCUS, Window, &ThisClass::OnKillFocus)
@@ -161,14 +176,16 @@
 #define ON_WM_NCRBUTTONDBLCLK() AFX_WINDOW_ENTRY(WM_NCRBUTTONDBLCLK, Mouse, &ThisClass::OnNcRButtonDblClk)
 #define ON_WM_NCRBUTTONDOWN() AFX_WINDOW_ENTRY(WM_NCRBUTTONDOWN, Mouse, &ThisClass::OnNcRButtonDown)
 #define ON_WM_NCRBUTTONUP() AFX_WINDOW_ENTRY(WM_NCRBUTTONUP, Mouse, &ThisClass::OnNcRButtonUp)
-#define ON_WM_NCXBUTTONDBLCLK() AFX_WINDOW_ENTRY(WM_NCXBUTTONDBLCLK, NcMouseButton, &ThisClass::OnNcXButtonDblClk)
+#define ON_WM_NCXBUTTONDBLCLK()                                                                              \
+    AFX_WINDOW_ENTRY(WM_NCXBUTTONDBLCLK, NcMouseButton, &ThisClass::OnNcXButtonDblClk)
 #define ON_WM_NCXBUTTONDOWN() AFX_WINDOW_ENTRY(WM_NCXBUTTONDOWN, NcMouseButton, &ThisClass::OnNcXButtonDown)
 #define ON_WM_NCXBUTTONUP() AFX_WINDOW_ENTRY(WM_NCXBUTTONUP, NcMouseButton, &ThisClass::OnNcXButtonUp)
 #define ON_WM_NEXTMENU() AFX_WINDOW_ENTRY(WM_NEXTMENU, NextMenu, &ThisClass::OnNextMenu)
 #define ON_WM_NOTIFYFORMAT() AFX_WINDOW_ENTRY(WM_NOTIFYFORMAT, WindowFormat, &ThisClass::OnNotifyFormat)
 #define ON_WM_PAINT() AFX_WINDOW_ENTRY(WM_PAINT, Plain, &ThisClass::OnPaint)
 #define ON_WM_PALETTECHANGED() AFX_WINDOW_ENTRY(WM_PALETTECHANGED, Window, &ThisClass::OnPaletteChanged)
-#define ON_WM_PALETTEISCHANGING() AFX_WINDOW_ENTRY(WM_PALETTEISCHANGING, Window, &ThisClass::OnPaletteIsChanging)
+#define ON_WM_PALETTEISCHANGING()                                                                            \
+    AFX_WINDOW_ENTRY(WM_PALETTEISCHANGING, Window, &ThisClass::OnPaletteIsChanging)
 #define ON_WM_PARENTNOTIFY() AFX_WINDOW_ENTRY(WM_PARENTNOTIFY, ParentNotify, &ThisClass::OnParentNotify)
 #define ON_WM_POWERBROADCAST() AFX_WINDOW_ENTRY(WM_POWERBROADCAST, UintUintUint, &ThisClass::OnPowerBroadcast)
 #define ON_WM_QUERYDRAGICON() AFX_WINDOW_ENTRY(WM_QUERYDRAGICON, PlainCursor, &ThisClass::OnQueryDragIcon)
@@ -199,13 +216,16 @@
 #define ON_WM_TIMECHANGE() AFX_WINDOW_ENTRY(WM_TIMECHANGE, Plain, &ThisClass::OnTimeChange)
 #define ON_WM_TIMER() AFX_WINDOW_ENTRY(WM_TIMER, Timer, &ThisClass::OnTimer)
 #define ON_WM_UNICHAR() AFX_WINDOW_ENTRY(WM_UNICHAR, Key, &ThisClass::OnUniChar)
-#define ON_WM_UNINITMENUPOPUP() AFX_WINDOW_ENTRY(WM_UNINITMENUPOPUP, UninitMenuPopup, &ThisClass::OnUnInitMenuPopup)
+#define ON_WM_UNINITMENUPOPUP()                                                                              \
+    AFX_WINDOW_ENTRY(WM_UNINITMENUPOPUP, UninitMenuPopup, &ThisClass::OnUnInitMenuPopup)
 #define ON_WM_UPDATEUISTATE() AFX_WINDOW_ENTRY(WM_UPDATEUISTATE, UintHiLo, &ThisClass::OnUpdateUIState)
 #define ON_WM_USERCHANGED() AFX_WINDOW_ENTRY(WM_USERCHANGED, Plain, &ThisClass::OnUserChanged)
 #define ON_WM_VKEYTOITEM() AFX_WINDOW_ENTRY(WM_VKEYTOITEM, KeyToItem, &ThisClass::OnVKeyToItem)
 #define ON_WM_VSCROLL() AFX_WINDOW_ENTRY(WM_VSCROLL, Scroll, &ThisClass::OnVScroll)
-#define ON_WM_WINDOWPOSCHANGED() AFX_WINDOW_ENTRY(WM_WINDOWPOSCHANGED, WindowPos, &ThisClass::OnWindowPosChanged)
-#define ON_WM_WINDOWPOSCHANGING() AFX_WINDOW_ENTRY(WM_WINDOWPOSCHANGING, WindowPos, &ThisClass::OnWindowPosChanging)
+#define ON_WM_WINDOWPOSCHANGED()                                                                             \
+    AFX_WINDOW_ENTRY(WM_WINDOWPOSCHANGED, WindowPos, &ThisClass::OnWindowPosChanged)
+#define ON_WM_WINDOWPOSCHANGING()                                                                            \
+    AFX_WINDOW_ENTRY(WM_WINDOWPOSCHANGING, WindowPos, &ThisClass::OnWindowPosChanging)
 #define ON_WM_WININICHANGE() AFX_WINDOW_ENTRY(WM_WININICHANGE, Text, &ThisClass::OnWinIniChange)
 #define ON_WM_XBUTTONDBLCLK() AFX_WINDOW_ENTRY(WM_XBUTTONDBLCLK, MouseButton, &ThisClass::OnXButtonDblClk)
 #define ON_WM_XBUTTONDOWN() AFX_WINDOW_ENTRY(WM_XBUTTONDOWN, MouseButton, &ThisClass::OnXButtonDown)
@@ -215,25 +235,25 @@
 #define ON_WM_CTLCOLOR() AFX_WINDOW_ENTRY(AFX_WM_CTLCOLOR, CtlColor, &ThisClass::OnCtlColor)
 
 // Messages that the parent reflects to the control itself, and handlers of the like name there.
-#define ON_WM_CTLCOLOR_REFLECT() \
+#define ON_WM_CTLCOLOR_REFLECT()                                                                             \
     AFX_WINDOW_ENTRY(AFX_WM_CTLCOLOR + WM_REFLECT_BASE, CtlColorReflect, &ThisClass::CtlColor)
-#define ON_WM_COMPAREITEM_REFLECT() \
+#define ON_WM_COMPAREITEM_REFLECT()                                                                          \
     AFX_WINDOW_ENTRY(WM_COMPAREITEM + WM_REFLECT_BASE, CompareItemReflect, &ThisClass::CompareItem)
-#define ON_WM_DELETEITEM_REFLECT() \
+#define ON_WM_DELETEITEM_REFLECT()                                                                           \
     AFX_WINDOW_ENTRY(WM_DELETEITEM + WM_REFLECT_BASE, DeleteItemReflect, &ThisClass::DeleteItem)
-#define ON_WM_DRAWITEM_REFLECT() \
+#define ON_WM_DRAWITEM_REFLECT()                                                                             \
     AFX_WINDOW_ENTRY(WM_DRAWITEM + WM_REFLECT_BASE, DrawItemReflect, &ThisClass::DrawItem)
-#define ON_WM_MEASUREITEM_REFLECT() \
+#define ON_WM_MEASUREITEM_REFLECT()                                                                          \
     AFX_WINDOW_ENTRY(WM_MEASUREITEM + WM_REFLECT_BASE, MeasureItemReflect, &ThisClass::MeasureItem)
-#define ON_WM_CHARTOITEM_REFLECT() \
+#define ON_WM_CHARTOITEM_REFLECT()                                                                           \
     AFX_WINDOW_ENTRY(WM_CHARTOITEM + WM_REFLECT_BASE, KeyToItemReflect, &ThisClass::CharToItem)
-#define ON_WM_VKEYTOITEM_REFLECT() \
+#define ON_WM_VKEYTOITEM_REFLECT()                                                                           \
     AFX_WINDOW_ENTRY(WM_VKEYTOITEM + WM_REFLECT_BASE, KeyToItemReflect, &ThisClass::VKeyToItem)
-#define ON_WM_HSCROLL_REFLECT() \
+#define ON_WM_HSCROLL_REFLECT()                                                                              \
     AFX_WINDOW_ENTRY(WM_HSCROLL + WM_REFLECT_BASE, ScrollReflect, &ThisClass::HScroll)
-#define ON_WM_VSCROLL_REFLECT() \
+#define ON_WM_VSCROLL_REFLECT()                                                                              \
     AFX_WINDOW_ENTRY(WM_VSCROLL + WM_REFLECT_BASE, ScrollReflect, &ThisClass::VScroll)
-#define ON_WM_PARENTNOTIFY_REFLECT() \
+#define ON_WM_PARENTNOTIFY_REFLECT()                                                                         \
     AFX_WINDOW_ENTRY(WM_PARENTNOTIFY + WM_REFLECT_BASE, ParentNotify, &ThisClass::ParentNotify)
 
 // Controls' own notifications under their usual names.

@@ -64,7 +64,7 @@ public:
     CArray() : m_pData(NULL), m_nSize(0), m_nMaxSize(0), m_nGrowBy(-1) {}
     virtual ~CArray() { FreeAll(); }
 
-// Attributes
+    // Attributes
     INT_PTR GetSize() const { return m_nSize; }
     INT_PTR GetCount() const { return m_nSize; }
     BOOL IsEmpty() const { return m_nSize == 0; }
@@ -94,7 +94,7 @@ public:
         m_nSize = nNewSize;
     }
 
-// Operations
+    // Operations
     // Gives back memory that holds no elements.
     void FreeExtra()
     {
@@ -105,7 +105,7 @@ public:
     }
     void RemoveAll() { SetSize(0); }
 
-// Element access
+    // Element access
     const TYPE& GetAt(INT_PTR nIndex) const { return Checked(nIndex); }
     TYPE& GetAt(INT_PTR nIndex) { return Checked(nIndex); }
     void SetAt(INT_PTR nIndex, ARG_TYPE newElement) { Checked(nIndex) = newElement; }
@@ -117,7 +117,7 @@ public:
     const TYPE* GetData() const { return m_pData; }
     TYPE* GetData() { return m_pData; }
 
-// Growing
+    // Growing
     // Sets the element, and first makes the array so large that it has it.
     void SetAtGrow(INT_PTR nIndex, ARG_TYPE newElement)
     {
@@ -158,7 +158,7 @@ public:
         CopyElements<TYPE>(m_pData, src.m_pData, src.m_nSize);
     }
 
-// Insertion and removal
+    // Insertion and removal
     // Inserts nCount copies, at least one. An index behind the end makes the array larger first.
     void InsertAt(INT_PTR nIndex, ARG_TYPE newElement, INT_PTR nCount = 1)
     {
@@ -216,7 +216,8 @@ public:
     {
         if constexpr (AfxIsRelocatable<TYPE>::value) {
             if (nCount > 0)
-                std::memmove(static_cast<void*>(pNewData), static_cast<const void*>(pData), nCount * sizeof(TYPE));
+                std::memmove(static_cast<void*>(pNewData), static_cast<const void*>(pData),
+                             nCount * sizeof(TYPE));
         } else {
             TYPE* pOld = const_cast<TYPE*>(pData);
             for (INT_PTR i = 0; i < nCount; ++i) {
@@ -226,11 +227,11 @@ public:
         }
     }
 
-// Implementation
+    // Implementation
 protected:
     TYPE* m_pData;
     INT_PTR m_nSize;
-    INT_PTR m_nMaxSize;  // elements there is memory for
+    INT_PTR m_nMaxSize; // elements there is memory for
     INT_PTR m_nGrowBy;
 
     // element is not one of this array.
@@ -248,10 +249,7 @@ private:
             AfxThrowInvalidArgException();
         return m_pData[nIndex];
     }
-    void Destroy(INT_PTR nIndex, INT_PTR nCount)
-    {
-        std::destroy_n(m_pData + nIndex, nCount);
-    }
+    void Destroy(INT_PTR nIndex, INT_PTR nCount) { std::destroy_n(m_pData + nIndex, nCount); }
     void FreeAll()
     {
         Destroy(0, m_nSize);
@@ -314,7 +312,7 @@ public:
     explicit CList(INT_PTR nBlockSize = 10) : m_nBlockSize(nBlockSize < 1 ? 1 : nBlockSize) {}
     virtual ~CList() { RemoveAll(); }
 
-// Attributes
+    // Attributes
     INT_PTR GetCount() const { return m_nCount; }
     INT_PTR GetSize() const { return m_nCount; }
     BOOL IsEmpty() const { return m_nCount == 0; }
@@ -323,7 +321,7 @@ public:
     TYPE& GetTail() { return Need(m_pNodeTail)->data; }
     const TYPE& GetTail() const { return Need(m_pNodeTail)->data; }
 
-// Operations
+    // Operations
     TYPE RemoveHead() { return Take(Need(m_pNodeHead)); }
     TYPE RemoveTail() { return Take(Need(m_pNodeTail)); }
     POSITION AddHead(ARG_TYPE newElement) { return Link(NULL, newElement, m_pNodeHead); }
@@ -356,7 +354,7 @@ public:
         }
     }
 
-// Iteration
+    // Iteration
     POSITION GetHeadPosition() const { return Position(m_pNodeHead); }
     POSITION GetTailPosition() const { return Position(m_pNodeTail); }
     // The element at the position, which then stands at the next (the one before); NULL behind the end.
@@ -365,7 +363,7 @@ public:
     TYPE& GetPrev(POSITION& rPosition) { return Step(rPosition, &CNode::pPrev); }
     const TYPE& GetPrev(POSITION& rPosition) const { return Step(rPosition, &CNode::pPrev); }
 
-// Access by position
+    // Access by position
     TYPE& GetAt(POSITION position) { return Node(position)->data; }
     const TYPE& GetAt(POSITION position) const { return Node(position)->data; }
     void SetAt(POSITION pos, ARG_TYPE newElement) { Node(pos)->data = newElement; }
@@ -386,7 +384,7 @@ public:
         return Link(pNode, newElement, pNode->pNext);
     }
 
-// Search
+    // Search
     // The first equal element after startAfter (NULL: from the head), or NULL.
     POSITION Find(ARG_TYPE searchValue, POSITION startAfter = NULL) const
     {
@@ -406,7 +404,7 @@ public:
         return Position(pNode);
     }
 
-// Implementation
+    // Implementation
 private:
     struct CNode
     {
@@ -468,7 +466,10 @@ private:
         ++m_nCount;
         return Position(pNode);
     }
-    POSITION Link(CNode* pPrev, ARG_TYPE newElement, CNode* pNext) { return Insert(pPrev, newElement, pNext); }
+    POSITION Link(CNode* pPrev, ARG_TYPE newElement, CNode* pNext)
+    {
+        return Insert(pPrev, newElement, pNext);
+    }
     POSITION AddCopy(CNode* pPrev, const TYPE& value, CNode* pNext) { return Insert(pPrev, value, pNext); }
     void Unlink(CNode* pNode)
     {

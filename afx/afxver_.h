@@ -64,7 +64,9 @@
 #endif
 
 // Position in a list: opaque, NULL is "none".
-struct __POSITION {};
+struct __POSITION
+{
+};
 typedef __POSITION* POSITION;
 
 // Each throws the exception of its name; none of them allocates memory.
@@ -100,11 +102,11 @@ AFX_CORE_API void AFX_CDECL AfxTrace(LPCSTR lpszFormat, ...);
 #define AFXASSUME(f) ASSERT(f)
 
 // ENSURE checks in every build: a false condition throws CInvalidArgException.
-#define ENSURE_THROW(cond, exception) \
-    do { \
-        if (!(cond)) { \
-            exception; \
-        } \
+#define ENSURE_THROW(cond, exception)                                                                        \
+    do {                                                                                                     \
+        if (!(cond)) {                                                                                       \
+            exception;                                                                                       \
+        }                                                                                                    \
     } while (0)
 #define ENSURE(cond) ENSURE_THROW(cond, ::AfxThrowInvalidArgException())
 #define ENSURE_ARG(cond) ENSURE(cond)

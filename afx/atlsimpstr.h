@@ -26,8 +26,8 @@ struct CStringData
     static constexpr long Nil = -2;
 
     std::atomic<long> nRefs;
-    int nDataLength;   // characters in use, without the final zero
-    int nAllocLength;  // characters there is room for, without the final zero
+    int nDataLength;  // characters in use, without the final zero
+    int nAllocLength; // characters there is room for, without the final zero
     int nReserved;
 
     void* data() { return this + 1; }
@@ -131,7 +131,7 @@ public:
         return *this;
     }
 
-// Attributes
+    // Attributes
     int GetLength() const noexcept { return GetData()->nDataLength; }
     bool IsEmpty() const noexcept { return GetLength() == 0; }
     // Characters that fit without a new block.
@@ -156,7 +156,7 @@ public:
         SetLength(nLength);
     }
 
-// Operations
+    // Operations
     void Append(PCXSTR pszSrc) { Append(pszSrc, StringLength(pszSrc)); }
     // nLength characters, zeros among them too; -1 for all up to the first zero. pszSrc may point into
     // this string.
@@ -311,7 +311,7 @@ public:
             std::memcpy(pchDest, pchSrc, nChars * sizeof(XCHAR));
     }
 
-// Implementation
+    // Implementation
 protected:
     std::basic_string_view<XCHAR> View() const noexcept
     {

@@ -91,14 +91,20 @@ public:
     CStringT& operator+=(unsigned char ch) { return *this += CStringT(static_cast<char>(ch)); }
     CStringT& operator+=(const VARIANT& var) { return *this += CStringT(var); }
 
-// Comparison
+    // Comparison
     // Less than 0, 0, more than 0, as strcmp and its kin tell it. NoCase: letters of the C locale only.
     int Compare(PCXSTR psz) const { return StringTraits::Compare(this->GetString(), OrEmpty(psz)); }
-    int CompareNoCase(PCXSTR psz) const { return StringTraits::CompareNoCase(this->GetString(), OrEmpty(psz)); }
+    int CompareNoCase(PCXSTR psz) const
+    {
+        return StringTraits::CompareNoCase(this->GetString(), OrEmpty(psz));
+    }
     int Collate(PCXSTR psz) const { return StringTraits::Collate(this->GetString(), OrEmpty(psz)); }
-    int CollateNoCase(PCXSTR psz) const { return StringTraits::CollateNoCase(this->GetString(), OrEmpty(psz)); }
+    int CollateNoCase(PCXSTR psz) const
+    {
+        return StringTraits::CollateNoCase(this->GetString(), OrEmpty(psz));
+    }
 
-// Searching
+    // Searching
     // The first occurrence from iStart on, or -1; also -1 for a start outside the text.
     int Find(PCXSTR pszSub, int iStart = 0) const noexcept
     {
@@ -117,7 +123,7 @@ public:
         return IndexOf(this->View().find_first_of(OrEmpty(pszCharSet)));
     }
 
-// Parts. Counts and starts out of range are brought into it.
+    // Parts. Counts and starts out of range are brought into it.
     CStringT Mid(int iFirst) const { return Mid(iFirst, this->GetLength()); }
     CStringT Mid(int iFirst, int nCount) const
     {
@@ -156,7 +162,7 @@ public:
         return CStringT();
     }
 
-// Changes
+    // Changes
     // Each returns the new length; positions out of range are brought into it.
     int Insert(int iIndex, PCXSTR psz) { return InsertText(iIndex, psz, this->StringLength(psz)); }
     int Insert(int iIndex, XCHAR ch) { return InsertText(iIndex, &ch, 1); }
@@ -256,9 +262,9 @@ public:
         return CutRight([pszTargets](XCHAR ch) { return IsIn(OrEmpty(pszTargets), ch); });
     }
 
-// Formatting, with the platform's conventions: in a wide string %s and %c take wide text, %S and %C
-// narrow, %hs and %ls always what they say. The UINT forms load the format from that string resource
-// and throw CInvalidArgException when it is missing. Arguments may be parts of this string.
+    // Formatting, with the platform's conventions: in a wide string %s and %c take wide text, %S and %C
+    // narrow, %hs and %ls always what they say. The UINT forms load the format from that string resource
+    // and throw CInvalidArgException when it is missing. Arguments may be parts of this string.
     void __cdecl Format(PCXSTR pszFormat, ...)
     {
         va_list args;
@@ -320,11 +326,14 @@ public:
         CThisSimpleString::operator=(std::move(strResult));
     }
 
-// The system
+    // The system
     // Loads a string resource: found through the module chain, or in the module given. FALSE and an
     // unchanged string if there is none of that number.
     BOOL LoadString(UINT nID) { return StringTraits::LoadString(*this, nID); }
-    BOOL LoadString(HINSTANCE hInstance, UINT nID) { return StringTraits::LoadString(*this, hInstance, nID, 0); }
+    BOOL LoadString(HINSTANCE hInstance, UINT nID)
+    {
+        return StringTraits::LoadString(*this, hInstance, nID, 0);
+    }
     BOOL LoadString(HINSTANCE hInstance, UINT nID, WORD wLanguageID)
     {
         return StringTraits::LoadString(*this, hInstance, nID, wLanguageID);
@@ -343,7 +352,7 @@ public:
     // The variable's value; FALSE and an empty string if there is none.
     BOOL GetEnvironmentVariable(PCXSTR pszVar) { return StringTraits::GetEnvironmentVariable(*this, pszVar); }
 
-// Implementation
+    // Implementation
 private:
     static PCXSTR OrEmpty(PCXSTR psz) noexcept
     {
@@ -364,7 +373,10 @@ private:
         return str;
     }
     static int Clamp(int n, int nLow, int nHigh) noexcept { return n < nLow ? nLow : n > nHigh ? nHigh : n; }
-    static int IndexOf(size_t nFound) noexcept { return nFound == size_t(-1) ? -1 : static_cast<int>(nFound); }
+    static int IndexOf(size_t nFound) noexcept
+    {
+        return nFound == size_t(-1) ? -1 : static_cast<int>(nFound);
+    }
     static bool IsIn(PCXSTR pszSet, XCHAR ch) noexcept
     {
         for (; *pszSet != 0; ++pszSet)

@@ -5,18 +5,10 @@ IMPLEMENT_DYNAMIC(CPtrArray, CObject)
 IMPLEMENT_DYNAMIC(CPtrList, CObject)
 IMPLEMENT_DYNAMIC(CObList, CObject)
 
-CStringArray::~CStringArray()
-{
-}
+CStringArray::~CStringArray() {}
 
-CPtrArray::~CPtrArray()
-{
-}
+CPtrArray::~CPtrArray() {}
 
-CPtrList::~CPtrList()
-{
-}
+CPtrList::~CPtrList() {}
 
-CObList::~CObList()
-{
-}
+CObList::~CObList() {}

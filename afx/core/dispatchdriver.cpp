@@ -3,9 +3,7 @@
 
 #include <vector>
 
-COleDispatchDriver::COleDispatchDriver() : m_lpDispatch(NULL), m_bAutoRelease(TRUE)
-{
-}
+COleDispatchDriver::COleDispatchDriver() : m_lpDispatch(NULL), m_bAutoRelease(TRUE) {}
 
 COleDispatchDriver::COleDispatchDriver(LPDISPATCH lpDispatch, BOOL bAutoRelease)
     : m_lpDispatch(lpDispatch), m_bAutoRelease(bAutoRelease)
@@ -56,7 +54,8 @@ BOOL COleDispatchDriver::CreateDispatch(REFCLSID clsid, COleException* pError)
 {
     IUnknown* pUnknown = NULL;
     IDispatch* pDispatch = NULL;
-    HRESULT hr = ::CoCreateInstance(clsid, NULL, CLSCTX_ALL, IID_IUnknown, reinterpret_cast<void**>(&pUnknown));
+    HRESULT hr =
+        ::CoCreateInstance(clsid, NULL, CLSCTX_ALL, IID_IUnknown, reinterpret_cast<void**>(&pUnknown));
     if (SUCCEEDED(hr)) {
         hr = ::OleRun(pUnknown);
         if (SUCCEEDED(hr))
@@ -88,7 +87,8 @@ BOOL COleDispatchDriver::CreateDispatch(LPCTSTR lpszProgID, COleException* pErro
     return CreateDispatch(clsid, pError);
 }
 
-namespace {
+namespace
+{
 
 constexpr BYTE ByReference = 0x40;
 
@@ -310,7 +310,7 @@ void MoveResult(OwnedVariant& result, VARTYPE vtRet, void* pvRet)
     }
 }
 
-}  // namespace
+} // namespace
 
 void COleDispatchDriver::InvokeHelperV(DISPID dwDispID, WORD wFlags, VARTYPE vtRet, void* pvRet,
                                        const BYTE* pbParamInfo, va_list argList)

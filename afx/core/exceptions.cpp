@@ -6,17 +6,11 @@
 IMPLEMENT_DYNAMIC(CException, CObject)
 IMPLEMENT_DYNAMIC(CSimpleException, CException)
 
-CException::CException() : m_bAutoDelete(TRUE)
-{
-}
+CException::CException() : m_bAutoDelete(TRUE) {}
 
-CException::CException(BOOL bAutoDelete) : m_bAutoDelete(bAutoDelete)
-{
-}
+CException::CException(BOOL bAutoDelete) : m_bAutoDelete(bAutoDelete) {}
 
-CException::~CException()
-{
-}
+CException::~CException() {}
 
 void CException::Delete()
 {
@@ -51,13 +45,9 @@ int CException::ReportError(UINT nType, UINT nMessageID)
     return AfxMessageBox(text.data(), nType, nHelpContext);
 }
 
-CSimpleException::CSimpleException() : m_nResourceID(0)
-{
-}
+CSimpleException::CSimpleException() : m_nResourceID(0) {}
 
-CSimpleException::CSimpleException(BOOL bAutoDelete) : CException(bAutoDelete), m_nResourceID(0)
-{
-}
+CSimpleException::CSimpleException(BOOL bAutoDelete) : CException(bAutoDelete), m_nResourceID(0) {}
 
 CSimpleException::CSimpleException(BOOL bAutoDelete, UINT nResourceID)
     : CException(bAutoDelete), m_nResourceID(nResourceID)
@@ -73,21 +63,16 @@ BOOL CSimpleException::GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT p
 }
 
 // Each class has one object of its own that is thrown, so that throwing needs no memory.
-#define IMPLEMENT_SIMPLE_EXCEPTION_(class_name, pfnThrow, nDefaultID) \
-    IMPLEMENT_DYNAMIC(class_name, CSimpleException) \
-    class_name::class_name() : CSimpleException(TRUE, nDefaultID) \
-    { \
-    } \
-    class_name::class_name(BOOL bAutoDelete) : CSimpleException(bAutoDelete, nDefaultID) \
-    { \
-    } \
-    class_name::class_name(BOOL bAutoDelete, UINT nResourceID) : CSimpleException(bAutoDelete, nResourceID) \
-    { \
-    } \
-    void AFXAPI pfnThrow() \
-    { \
-        static class_name exception(FALSE); \
-        throw &exception; \
+#define IMPLEMENT_SIMPLE_EXCEPTION_(class_name, pfnThrow, nDefaultID)                                        \
+    IMPLEMENT_DYNAMIC(class_name, CSimpleException)                                                          \
+    class_name::class_name() : CSimpleException(TRUE, nDefaultID) {}                                         \
+    class_name::class_name(BOOL bAutoDelete) : CSimpleException(bAutoDelete, nDefaultID) {}                  \
+    class_name::class_name(BOOL bAutoDelete, UINT nResourceID)                                               \
+        : CSimpleException(bAutoDelete, nResourceID) {}                                                      \
+    void AFXAPI pfnThrow()                                                                                   \
+    {                                                                                                        \
+        static class_name exception(FALSE);                                                                  \
+        throw &exception;                                                                                    \
     }
 
 IMPLEMENT_SIMPLE_EXCEPTION_(CMemoryException, AfxThrowMemoryException, AFX_IDP_E_MEMORY)

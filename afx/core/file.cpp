@@ -4,7 +4,8 @@ const HANDLE CFile::hFileNull = INVALID_HANDLE_VALUE;
 
 IMPLEMENT_DYNAMIC(CFile, CObject)
 
-namespace {
+namespace
+{
 
 CString FullPath(LPCTSTR lpszFileName)
 {
@@ -17,9 +18,18 @@ CString FullPath(LPCTSTR lpszFileName)
     return strPath;
 }
 
-DWORD Low(ULONGLONG n) { return DWORD(n); }
-DWORD High(ULONGLONG n) { return DWORD(n >> 32); }
-ULONGLONG Join(DWORD low, DWORD high) { return (ULONGLONG(high) << 32) | low; }
+DWORD Low(ULONGLONG n)
+{
+    return DWORD(n);
+}
+DWORD High(ULONGLONG n)
+{
+    return DWORD(n >> 32);
+}
+ULONGLONG Join(DWORD low, DWORD high)
+{
+    return (ULONGLONG(high) << 32) | low;
+}
 
 template <typename FileData>
 void SetStatusFrom(CFileStatus& status, const FileData& data)
@@ -32,15 +42,11 @@ void SetStatusFrom(CFileStatus& status, const FileData& data)
     status._m_padding = 0;
 }
 
-}  // namespace
+} // namespace
 
-CFile::CFile() : m_hFile(hFileNull), m_bCloseOnDelete(FALSE)
-{
-}
+CFile::CFile() : m_hFile(hFileNull), m_bCloseOnDelete(FALSE) {}
 
-CFile::CFile(HANDLE hFile) : m_hFile(hFile), m_bCloseOnDelete(FALSE)
-{
-}
+CFile::CFile(HANDLE hFile) : m_hFile(hFile), m_bCloseOnDelete(FALSE) {}
 
 CFile::CFile(LPCTSTR lpszFileName, UINT nOpenFlags) : m_hFile(hFileNull), m_bCloseOnDelete(FALSE)
 {
@@ -96,8 +102,8 @@ BOOL CFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags, CFileException* pError)
         dwAttributes |= FILE_FLAG_SEQUENTIAL_SCAN;
     SECURITY_ATTRIBUTES security = {sizeof(SECURITY_ATTRIBUTES), NULL, (nOpenFlags & modeNoInherit) == 0};
 
-    const HANDLE hFile = ::CreateFile(m_strFileName, access[nOpenFlags & 3], dwShare, &security, dwCreate,
-                                      dwAttributes, NULL);
+    const HANDLE hFile =
+        ::CreateFile(m_strFileName, access[nOpenFlags & 3], dwShare, &security, dwCreate, dwAttributes, NULL);
     if (hFile == INVALID_HANDLE_VALUE) {
         const LONG lOsError = LONG(::GetLastError());
         if (pError != NULL) {
@@ -283,7 +289,8 @@ void PASCAL CFile::SetStatus(LPCTSTR lpszFileName, const CFileStatus& status)
     const DWORD dwAttributes = ::GetFileAttributes(lpszFileName);
     if (dwAttributes == INVALID_FILE_ATTRIBUTES)
         CFileException::ThrowOsError(LONG(::GetLastError()), lpszFileName);
-    const bool isToBeWritable = (dwAttributes & FILE_ATTRIBUTE_READONLY) && !(status.m_attribute & FILE_ATTRIBUTE_READONLY);
+    const bool isToBeWritable =
+        (dwAttributes & FILE_ATTRIBUTE_READONLY) && !(status.m_attribute & FILE_ATTRIBUTE_READONLY);
     if (isToBeWritable && !::SetFileAttributes(lpszFileName, status.m_attribute))
         CFileException::ThrowOsError(LONG(::GetLastError()), lpszFileName);
 
@@ -292,8 +299,8 @@ void PASCAL CFile::SetStatus(LPCTSTR lpszFileName, const CFileStatus& status)
         const FILETIME accessed = status.m_atime.GetAsFileTime();
         const FILETIME written = status.m_mtime.GetAsFileTime();
         CFile file;
-        file.m_hFile = ::CreateFile(lpszFileName, FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE, NULL,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, NULL);
+        file.m_hFile = ::CreateFile(lpszFileName, FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                    NULL, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, NULL);
         file.m_bCloseOnDelete = TRUE;
         if (file.m_hFile == hFileNull ||
             !::SetFileTime(file.m_hFile, status.m_ctime.GetTime() != 0 ? &created : NULL,

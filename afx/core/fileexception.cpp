@@ -10,9 +10,7 @@ CFileException::CFileException(int cause, LONG lOsError, LPCTSTR lpszArchiveName
 {
 }
 
-CFileException::~CFileException()
-{
-}
+CFileException::~CFileException() {}
 
 int PASCAL CFileException::OsErrorToException(LONG lOsError)
 {

@@ -4,7 +4,8 @@
 
 IMPLEMENT_DYNAMIC(CDynLinkLibrary, CObject)
 
-namespace {
+namespace
+{
 
 bool LiesIn(HMODULE hModule, const void* p)
 {
@@ -27,7 +28,7 @@ std::vector<HINSTANCE> ResourceModules()
     return modules;
 }
 
-}  // namespace
+} // namespace
 
 BOOL AFXAPI AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE hModule)
 {

@@ -13,9 +13,7 @@ CRuntimeClass* CObject::GetRuntimeClass() const
     return GetThisClass();
 }
 
-CObject::~CObject()
-{
-}
+CObject::~CObject() {}
 
 void* PASCAL CObject::operator new(size_t nSize)
 {
@@ -97,7 +95,8 @@ CObject* PASCAL CRuntimeClass::CreateObject(LPCWSTR lpszClassName)
     return pClass == NULL ? NULL : pClass->CreateObject();
 }
 
-namespace {
+namespace
+{
 
 CRuntimeClass* FindClass(CRuntimeClass* pFirst, LPCSTR lpszClassName)
 {
@@ -115,7 +114,7 @@ void RemoveClass(CRuntimeClass*& pFirst, const CRuntimeClass* pClass)
         *ppLink = pClass->m_pNextClass;
 }
 
-}  // namespace
+} // namespace
 
 CRuntimeClass* PASCAL CRuntimeClass::FromName(LPCSTR lpszClassName)
 {
@@ -124,7 +123,8 @@ CRuntimeClass* PASCAL CRuntimeClass::FromName(LPCSTR lpszClassName)
     AFX_MODULE_STATE* pState = AfxGetModuleState();
     const AfxLock lock(pState->m_lock, AfxLock::Shared);
     CRuntimeClass* pFound = FindClass(pState->m_pFirstClass, lpszClassName);
-    for (CDynLinkLibrary* pDLL = pState->m_pFirstLibrary; pFound == NULL && pDLL != NULL; pDLL = pDLL->m_pNextDLL)
+    for (CDynLinkLibrary* pDLL = pState->m_pFirstLibrary; pFound == NULL && pDLL != NULL;
+         pDLL = pDLL->m_pNextDLL)
         pFound = FindClass(pDLL->m_pFirstSharedClass, lpszClassName);
     return pFound;
 }

@@ -3,13 +3,9 @@
 IMPLEMENT_DYNAMIC(COleException, CException)
 IMPLEMENT_DYNAMIC(COleDispatchException, CException)
 
-COleException::COleException() : m_sc(S_OK)
-{
-}
+COleException::COleException() : m_sc(S_OK) {}
 
-COleException::~COleException()
-{
-}
+COleException::~COleException() {}
 
 SCODE PASCAL COleException::Process(const CException* pAnyException)
 {
@@ -62,22 +58,21 @@ void AFXAPI AfxCheckError(SCODE sc)
     AfxThrowOleException(sc);
 }
 
-namespace {
+namespace
+{
 
 // Help contexts of automation errors have a range of their own.
 constexpr DWORD HelpBase = 0x30000;
 
-}  // namespace
+} // namespace
 
 COleDispatchException::COleDispatchException(LPCTSTR lpszDescription, UINT nHelpID, WORD wCode)
-    : m_wCode(wCode), m_strDescription(lpszDescription), m_dwHelpContext(nHelpID == 0 ? 0 : HelpBase + nHelpID),
-      m_scError(wCode == 0 ? E_UNEXPECTED : NOERROR)
+    : m_wCode(wCode), m_strDescription(lpszDescription),
+      m_dwHelpContext(nHelpID == 0 ? 0 : HelpBase + nHelpID), m_scError(wCode == 0 ? E_UNEXPECTED : NOERROR)
 {
 }
 
-COleDispatchException::~COleDispatchException()
-{
-}
+COleDispatchException::~COleDispatchException() {}
 
 BOOL COleDispatchException::GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext) const
 {

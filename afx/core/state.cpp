@@ -2,7 +2,8 @@
 
 #include <atomic>
 
-namespace {
+namespace
+{
 
 constinit AFX_MODULE_STATE processState = {NULL, NULL, NULL, NULL, SRWLOCK_INIT, NULL, NULL};
 
@@ -23,7 +24,7 @@ DWORD ThreadSlot()
     return slot;
 }
 
-}  // namespace
+} // namespace
 
 AFX_MODULE_STATE* AFXAPI AfxGetModuleState()
 {

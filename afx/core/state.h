@@ -10,14 +10,14 @@ class CWinThread;
 struct AFX_MODULE_STATE
 {
     CWinApp* m_pCurrentWinApp;
-    HINSTANCE m_hCurrentInstanceHandle;  // NULL: the running program
-    HINSTANCE m_hCurrentResourceHandle;  // NULL: the instance
+    HINSTANCE m_hCurrentInstanceHandle; // NULL: the running program
+    HINSTANCE m_hCurrentResourceHandle; // NULL: the instance
     LPCTSTR m_lpszCurrentAppName;
 
     // Guards the two members below. Never held while the system is called.
     SRWLOCK m_lock;
-    CRuntimeClass* m_pFirstClass;        // classes of the program and of DLLs that are still loading
-    CDynLinkLibrary* m_pFirstLibrary;    // the chain, newest first
+    CRuntimeClass* m_pFirstClass;     // classes of the program and of DLLs that are still loading
+    CDynLinkLibrary* m_pFirstLibrary; // the chain, newest first
 };
 AFX_MODULE_STATE* AFXAPI AfxGetModuleState();
 
@@ -31,7 +31,7 @@ struct AFX_THREAD_STATE
     POINT m_ptCursorLast;
     UINT m_nMsgLast;
 
-    BOOL m_bNeedTerm;  // AfxOleInit started OLE
+    BOOL m_bNeedTerm; // AfxOleInit started OLE
 
     // What the window half keeps for the thread; it is told to free that before the state goes.
     void* m_pWindowData;
@@ -48,7 +48,11 @@ void AfxThreadDetach();
 class AfxLock
 {
 public:
-    enum Kind { Shared, Exclusive };
+    enum Kind
+    {
+        Shared,
+        Exclusive
+    };
     AfxLock(SRWLOCK& lock, Kind kind) : m_lock(lock), m_kind(kind)
     {
         if (kind == Shared)

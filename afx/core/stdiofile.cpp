@@ -6,9 +6,7 @@
 
 IMPLEMENT_DYNAMIC(CStdioFile, CFile)
 
-CStdioFile::CStdioFile() : m_pStream(NULL)
-{
-}
+CStdioFile::CStdioFile() : m_pStream(NULL) {}
 
 CStdioFile::CStdioFile(FILE* pOpenStream)
     : CFile(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(pOpenStream)))), m_pStream(pOpenStream)

@@ -1,12 +1,25 @@
 #include "state.h"
 
-namespace {
+namespace
+{
 
 // The run-time's and the system's functions, under one name for both widths.
-int Count(const wchar_t* pszFormat, va_list args) { return _vscwprintf(pszFormat, args); }
-int Count(const char* pszFormat, va_list args) { return _vscprintf(pszFormat, args); }
-int Print(wchar_t* pch, size_t n, const wchar_t* pszFormat, va_list args) { return _vsnwprintf(pch, n, pszFormat, args); }
-int Print(char* pch, size_t n, const char* pszFormat, va_list args) { return _vsnprintf(pch, n, pszFormat, args); }
+int Count(const wchar_t* pszFormat, va_list args)
+{
+    return _vscwprintf(pszFormat, args);
+}
+int Count(const char* pszFormat, va_list args)
+{
+    return _vscprintf(pszFormat, args);
+}
+int Print(wchar_t* pch, size_t n, const wchar_t* pszFormat, va_list args)
+{
+    return _vsnwprintf(pch, n, pszFormat, args);
+}
+int Print(char* pch, size_t n, const char* pszFormat, va_list args)
+{
+    return _vsnprintf(pch, n, pszFormat, args);
+}
 DWORD FormatSystem(const wchar_t* pszFormat, wchar_t** ppsz, va_list* pArgs)
 {
     return ::FormatMessageW(FORMAT_MESSAGE_FROM_STRING | FORMAT_MESSAGE_ALLOCATE_BUFFER, pszFormat, 0, 0,
@@ -17,8 +30,14 @@ DWORD FormatSystem(const char* pszFormat, char** ppsz, va_list* pArgs)
     return ::FormatMessageA(FORMAT_MESSAGE_FROM_STRING | FORMAT_MESSAGE_ALLOCATE_BUFFER, pszFormat, 0, 0,
                             reinterpret_cast<char*>(ppsz), 0, pArgs);
 }
-DWORD Environment(const wchar_t* pszVar, wchar_t* pch, DWORD n) { return ::GetEnvironmentVariableW(pszVar, pch, n); }
-DWORD Environment(const char* pszVar, char* pch, DWORD n) { return ::GetEnvironmentVariableA(pszVar, pch, n); }
+DWORD Environment(const wchar_t* pszVar, wchar_t* pch, DWORD n)
+{
+    return ::GetEnvironmentVariableW(pszVar, pch, n);
+}
+DWORD Environment(const char* pszVar, char* pch, DWORD n)
+{
+    return ::GetEnvironmentVariableA(pszVar, pch, n);
+}
 
 template <typename String>
 void SetFormatted(String& str, int nKept, typename String::PCXSTR pszFormat, va_list args)
@@ -172,35 +191,96 @@ template <typename Char, typename Change>
 void ChangeEach(Char* pch, int nLength, Change change)
 {
     for (int i = 0; i < nLength; ++i)
-        pch[i] = Char(change(std::make_unsigned_t<std::conditional_t<sizeof(Char) == 1, char, unsigned short>>(pch[i])));
+        pch[i] = Char(change(
+            std::make_unsigned_t<std::conditional_t<sizeof(Char) == 1, char, unsigned short>>(pch[i])));
 }
 
-}  // namespace
+} // namespace
 
 typedef StrTraitMFC_DLL<wchar_t> WideTraits;
 typedef StrTraitMFC_DLL<char> NarrowTraits;
 
-int WideTraits::Length(const char* psz) noexcept { return psz == NULL ? 0 : int(std::strlen(psz)); }
-int NarrowTraits::Length(const wchar_t* psz) noexcept { return psz == NULL ? 0 : int(std::wcslen(psz)); }
-int WideTraits::Compare(const wchar_t* psz1, const wchar_t* psz2) noexcept { return std::wcscmp(psz1, psz2); }
-int NarrowTraits::Compare(const char* psz1, const char* psz2) noexcept { return std::strcmp(psz1, psz2); }
-int WideTraits::CompareNoCase(const wchar_t* psz1, const wchar_t* psz2) noexcept { return _wcsicmp(psz1, psz2); }
-int NarrowTraits::CompareNoCase(const char* psz1, const char* psz2) noexcept { return _stricmp(psz1, psz2); }
-int WideTraits::Collate(const wchar_t* psz1, const wchar_t* psz2) noexcept { return std::wcscoll(psz1, psz2); }
-int NarrowTraits::Collate(const char* psz1, const char* psz2) noexcept { return std::strcoll(psz1, psz2); }
-int WideTraits::CollateNoCase(const wchar_t* psz1, const wchar_t* psz2) noexcept { return _wcsicoll(psz1, psz2); }
-int NarrowTraits::CollateNoCase(const char* psz1, const char* psz2) noexcept { return _stricoll(psz1, psz2); }
-bool WideTraits::IsSpace(wchar_t ch) noexcept { return iswspace(ch) != 0; }
-bool NarrowTraits::IsSpace(char ch) noexcept { return isspace(static_cast<unsigned char>(ch)) != 0; }
-void WideTraits::MakeUpper(wchar_t* pch, int n) { ChangeEach(pch, n, [](wint_t ch) { return towupper(ch); }); }
-void NarrowTraits::MakeUpper(char* pch, int n) { ChangeEach(pch, n, [](int ch) { return toupper(ch); }); }
-void WideTraits::MakeLower(wchar_t* pch, int n) { ChangeEach(pch, n, [](wint_t ch) { return towlower(ch); }); }
-void NarrowTraits::MakeLower(char* pch, int n) { ChangeEach(pch, n, [](int ch) { return tolower(ch); }); }
+int WideTraits::Length(const char* psz) noexcept
+{
+    return psz == NULL ? 0 : int(std::strlen(psz));
+}
+int NarrowTraits::Length(const wchar_t* psz) noexcept
+{
+    return psz == NULL ? 0 : int(std::wcslen(psz));
+}
+int WideTraits::Compare(const wchar_t* psz1, const wchar_t* psz2) noexcept
+{
+    return std::wcscmp(psz1, psz2);
+}
+int NarrowTraits::Compare(const char* psz1, const char* psz2) noexcept
+{
+    return std::strcmp(psz1, psz2);
+}
+int WideTraits::CompareNoCase(const wchar_t* psz1, const wchar_t* psz2) noexcept
+{
+    return _wcsicmp(psz1, psz2);
+}
+int NarrowTraits::CompareNoCase(const char* psz1, const char* psz2) noexcept
+{
+    return _stricmp(psz1, psz2);
+}
+int WideTraits::Collate(const wchar_t* psz1, const wchar_t* psz2) noexcept
+{
+    return std::wcscoll(psz1, psz2);
+}
+int NarrowTraits::Collate(const char* psz1, const char* psz2) noexcept
+{
+    return std::strcoll(psz1, psz2);
+}
+int WideTraits::CollateNoCase(const wchar_t* psz1, const wchar_t* psz2) noexcept
+{
+    return _wcsicoll(psz1, psz2);
+}
+int NarrowTraits::CollateNoCase(const char* psz1, const char* psz2) noexcept
+{
+    return _stricoll(psz1, psz2);
+}
+bool WideTraits::IsSpace(wchar_t ch) noexcept
+{
+    return iswspace(ch) != 0;
+}
+bool NarrowTraits::IsSpace(char ch) noexcept
+{
+    return isspace(static_cast<unsigned char>(ch)) != 0;
+}
+void WideTraits::MakeUpper(wchar_t* pch, int n)
+{
+    ChangeEach(pch, n, [](wint_t ch) { return towupper(ch); });
+}
+void NarrowTraits::MakeUpper(char* pch, int n)
+{
+    ChangeEach(pch, n, [](int ch) { return toupper(ch); });
+}
+void WideTraits::MakeLower(wchar_t* pch, int n)
+{
+    ChangeEach(pch, n, [](wint_t ch) { return towlower(ch); });
+}
+void NarrowTraits::MakeLower(char* pch, int n)
+{
+    ChangeEach(pch, n, [](int ch) { return tolower(ch); });
+}
 
-void WideTraits::Convert(CStringW& str, const char* pch, int n) { SetConverted(str, pch, n, Widened); }
-void NarrowTraits::Convert(CStringA& str, const wchar_t* pch, int n) { SetConverted(str, pch, n, Narrowed); }
-void WideTraits::FromVariant(CStringW& str, const VARIANT& var) { SetFromVariant(str, var); }
-void NarrowTraits::FromVariant(CStringA& str, const VARIANT& var) { SetFromVariant(str, var); }
+void WideTraits::Convert(CStringW& str, const char* pch, int n)
+{
+    SetConverted(str, pch, n, Widened);
+}
+void NarrowTraits::Convert(CStringA& str, const wchar_t* pch, int n)
+{
+    SetConverted(str, pch, n, Narrowed);
+}
+void WideTraits::FromVariant(CStringW& str, const VARIANT& var)
+{
+    SetFromVariant(str, var);
+}
+void NarrowTraits::FromVariant(CStringA& str, const VARIANT& var)
+{
+    SetFromVariant(str, var);
+}
 void WideTraits::FormatV(CStringW& str, int nKept, const wchar_t* pszFormat, va_list args)
 {
     SetFormatted(str, nKept, pszFormat, args);
@@ -209,10 +289,22 @@ void NarrowTraits::FormatV(CStringA& str, int nKept, const char* pszFormat, va_l
 {
     SetFormatted(str, nKept, pszFormat, args);
 }
-void WideTraits::SetFormatMessageV(CStringW& str, const wchar_t* pszFormat, va_list* pArgs) { SetFormatMessage(str, pszFormat, pArgs); }
-void NarrowTraits::SetFormatMessageV(CStringA& str, const char* pszFormat, va_list* pArgs) { SetFormatMessage(str, pszFormat, pArgs); }
-BOOL WideTraits::LoadString(CStringW& str, UINT nID) { return SetFromResource(str, nID); }
-BOOL NarrowTraits::LoadString(CStringA& str, UINT nID) { return SetFromResource(str, nID); }
+void WideTraits::SetFormatMessageV(CStringW& str, const wchar_t* pszFormat, va_list* pArgs)
+{
+    SetFormatMessage(str, pszFormat, pArgs);
+}
+void NarrowTraits::SetFormatMessageV(CStringA& str, const char* pszFormat, va_list* pArgs)
+{
+    SetFormatMessage(str, pszFormat, pArgs);
+}
+BOOL WideTraits::LoadString(CStringW& str, UINT nID)
+{
+    return SetFromResource(str, nID);
+}
+BOOL NarrowTraits::LoadString(CStringA& str, UINT nID)
+{
+    return SetFromResource(str, nID);
+}
 BOOL WideTraits::LoadString(CStringW& str, HINSTANCE hInstance, UINT nID, WORD wLanguageID)
 {
     return SetFromResource(str, hInstance, nID, wLanguageID);
@@ -221,8 +313,14 @@ BOOL NarrowTraits::LoadString(CStringA& str, HINSTANCE hInstance, UINT nID, WORD
 {
     return SetFromResource(str, hInstance, nID, wLanguageID);
 }
-BOOL WideTraits::GetEnvironmentVariable(CStringW& str, const wchar_t* pszVar) { return SetFromEnvironment(str, pszVar); }
-BOOL NarrowTraits::GetEnvironmentVariable(CStringA& str, const char* pszVar) { return SetFromEnvironment(str, pszVar); }
+BOOL WideTraits::GetEnvironmentVariable(CStringW& str, const wchar_t* pszVar)
+{
+    return SetFromEnvironment(str, pszVar);
+}
+BOOL NarrowTraits::GetEnvironmentVariable(CStringA& str, const char* pszVar)
+{
+    return SetFromEnvironment(str, pszVar);
+}
 
 BSTR WideTraits::AllocSysString(const wchar_t* pch, int nLength)
 {

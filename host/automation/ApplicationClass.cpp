@@ -39,12 +39,14 @@ WindowFrame FrameOf(const DispatchObject& self)
     return shell ? shell->Frame() : WindowFrame();
 }
 
-template <long WindowFrame::*Side> void GetSide(DispatchObject& self, DispatchCall& call)
+template <long WindowFrame::*Side>
+void GetSide(DispatchObject& self, DispatchCall& call)
 {
     call.Return(FrameOf(self).*Side);
 }
 
-template <long WindowFrame::*Side> void PutSide(DispatchObject& self, DispatchCall& call)
+template <long WindowFrame::*Side>
+void PutSide(DispatchObject& self, DispatchCall& call)
 {
     HostShell& shell = RequireShell(self);
     WindowFrame frame = shell.Frame();
@@ -52,7 +54,8 @@ template <long WindowFrame::*Side> void PutSide(DispatchObject& self, DispatchCa
     shell.SetFrame(frame);
 }
 
-template <long WindowFrame::*Side> Member SideProperty(const wchar_t* name, DISPID id)
+template <long WindowFrame::*Side>
+Member SideProperty(const wchar_t* name, DISPID id)
 {
     return Property(name, id, ArgumentType::Number, GetSide<Side>, PutSide<Side>);
 }
@@ -90,12 +93,13 @@ std::vector<Member> ApplicationMembers()
     using D = DispatchObject;
     using C = DispatchCall;
     return {
-        Property(L"Visible", 1, ArgumentType::Flag,
-                 [](D& self, C& call) {
-                     const HostShell* shell = ShellOf(self);
-                     call.Return(shell && shell->IsVisible());
-                 },
-                 [](D& self, C& call) { RequireShell(self).SetVisible(call.Flag()); }),
+        Property(
+            L"Visible", 1, ArgumentType::Flag,
+            [](D& self, C& call) {
+                const HostShell* shell = ShellOf(self);
+                call.Return(shell && shell->IsVisible());
+            },
+            [](D& self, C& call) { RequireShell(self).SetVisible(call.Flag()); }),
         Property(L"Name", 2, [](D&, C& call) { call.Return(kHostName); }),
         Property(L"Caption", 3,
                  [](D& self, C& call) {
@@ -108,8 +112,7 @@ std::vector<Member> ApplicationMembers()
         SideProperty<&WindowFrame::height>(L"Height", 7),
         SideProperty<&WindowFrame::left>(L"WindowLeft", 8),
         Property(L"Path", 9, [](D&, C& call) { call.Return(FolderOf(HostProgramFile())); }),
-        Property(L"LocaleId", 10,
-                 [](D&, C& call) { call.Return(static_cast<long>(GetUserDefaultLCID())); }),
+        Property(L"LocaleId", 10, [](D&, C& call) { call.Return(static_cast<long>(GetUserDefaultLCID())); }),
         SideProperty<&WindowFrame::top>(L"WindowTop", 11),
         Property(L"Version", 12, [](D&, C& call) { call.Return(kHostVersion); }),
         SideProperty<&WindowFrame::width>(L"Width", 13),
@@ -137,12 +140,13 @@ std::vector<Member> ApplicationMembers()
                      call.Return(ObjectFor(self, MenuBarClass(), 0));
                  }),
         Property(L"Documents", 32, RefuseDocuments),
-        Property(L"WindowState", 34, ArgumentType::Number,
-                 [](D& self, C& call) {
-                     const HostShell* shell = ShellOf(self);
-                     call.Return(static_cast<long>(shell ? shell->State() : WindowState::Normal));
-                 },
-                 PutWindowState),
+        Property(
+            L"WindowState", 34, ArgumentType::Number,
+            [](D& self, C& call) {
+                const HostShell* shell = ShellOf(self);
+                call.Return(static_cast<long>(shell ? shell->State() : WindowState::Normal));
+            },
+            PutWindowState),
         Method(L"RunMacro", 35, {{L"path", ArgumentType::Text}}, RefuseMacros),
         Method(L"GetAcadState", 42, {},
                [](D& self, C& call) {
@@ -157,7 +161,7 @@ std::vector<Member> ApplicationMembers()
     };
 }
 
-}
+} // namespace
 
 const ClassTable& ApplicationClass()
 {
@@ -176,4 +180,4 @@ const ClassTable& AcadStateClass()
     return table;
 }
 
-}
+} // namespace velmhost

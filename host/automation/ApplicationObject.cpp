@@ -30,4 +30,4 @@ STDMETHODIMP_(ULONG) ApplicationObject::Release()
     return static_cast<ULONG>(left);
 }
 
-}
+} // namespace velmhost

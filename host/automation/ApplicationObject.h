@@ -11,23 +11,23 @@ namespace velmhost
 
 class ApplicationObject : public DispatchObject
 {
-// Construction
+    // Construction
 public:
     // Begins with one reference of its own, which belongs to the maker. While there is an owner, the
     // clients' references are with it.
     ApplicationObject(std::shared_ptr<AutomationState> state, ReferenceOwner* owner);
 
-// Attributes
+    // Attributes
 public:
     // References that clients hold now.
     long ClientReferences() { return m_owner ? m_owner->ClientReferences() : m_references - 1; }
 
-// Operations
+    // Operations
 public:
     // Takes over the count of clients' references from the owner, which is about to die.
     void LeaveOwner();
 
-// Implementation
+    // Implementation
 public:
     STDMETHODIMP_(ULONG) AddRef() override;
     STDMETHODIMP_(ULONG) Release() override;
@@ -36,4 +36,4 @@ private:
     ReferenceOwner* m_owner;
 };
 
-}
+} // namespace velmhost

@@ -39,4 +39,4 @@ long CAutomatedHostApp::ClientReferences()
     return static_cast<long>(ExternalRelease()) - 1;
 }
 
-}
+} // namespace velmhost

@@ -19,21 +19,21 @@ namespace velmhost
 // HostAutomation::ApplicationReferences tells how many references clients hold.
 class CAutomatedHostApp : public CWinApp, private ReferenceOwner
 {
-// Construction
+    // Construction
 public:
     CAutomatedHostApp();
     ~CAutomatedHostApp() override;
 
-// Attributes
+    // Attributes
 public:
     HostModel& Model() { return m_model; }
     HostAutomation& Automation() { return m_automation; }
 
-// Overridables
+    // Overridables
 public:
     void OnFinalRelease() override;
 
-// Implementation
+    // Implementation
 protected:
     LPUNKNOWN GetInterfaceHook(const void* iid) override;
 
@@ -46,4 +46,4 @@ private:
     HostAutomation m_automation;
 };
 
-}
+} // namespace velmhost

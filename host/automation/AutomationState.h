@@ -20,7 +20,7 @@ struct ClassTable;
 // Kept alive by the objects; the pointers in it become null when HostAutomation goes.
 class AutomationState
 {
-// Attributes
+    // Attributes
 public:
     HostModel* model = nullptr;
     HostShell* shell = nullptr;
@@ -38,7 +38,7 @@ public:
         throw HostError(Refusal::Gone, L"The host has closed.");
     }
 
-// Operations
+    // Operations
 public:
     // The object that stands for an element now, without a reference, or null.
     DispatchObject* FindObject(const ClassTable& table, ElementId id) const
@@ -70,11 +70,11 @@ public:
     bool keepLog = false;
     std::vector<std::wstring> log;
 
-// Implementation
+    // Implementation
 private:
     std::map<std::pair<const ClassTable*, ElementId>, DispatchObject*> m_objects;
     unsigned m_faultCountdown = 0;
     InvokeFault m_fault;
 };
 
-}
+} // namespace velmhost

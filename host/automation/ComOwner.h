@@ -16,7 +16,8 @@ struct ComReleaser
 };
 
 // Owns one reference.
-template <class T> using ComOwner = std::unique_ptr<T, ComReleaser>;
+template <class T>
+using ComOwner = std::unique_ptr<T, ComReleaser>;
 
 // A variant that clears itself.
 class ScopedVariant
@@ -50,4 +51,4 @@ inline std::wstring TextOf(BSTR string)
     return std::wstring(string ? string : L"", SysStringLen(string));
 }
 
-}
+} // namespace velmhost

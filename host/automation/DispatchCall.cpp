@@ -19,11 +19,22 @@ bool IsMissing(const VARIANT& value)
 
 bool IsNumeric(VARTYPE type)
 {
-    switch (type)
-    {
-    case VT_I1: case VT_I2: case VT_I4: case VT_I8: case VT_INT:
-    case VT_UI1: case VT_UI2: case VT_UI4: case VT_UI8: case VT_UINT:
-    case VT_R4: case VT_R8: case VT_CY: case VT_DECIMAL: case VT_BOOL:
+    switch (type) {
+    case VT_I1:
+    case VT_I2:
+    case VT_I4:
+    case VT_I8:
+    case VT_INT:
+    case VT_UI1:
+    case VT_UI2:
+    case VT_UI4:
+    case VT_UI8:
+    case VT_UINT:
+    case VT_R4:
+    case VT_R8:
+    case VT_CY:
+    case VT_DECIMAL:
+    case VT_BOOL:
         return true;
     default:
         return false;
@@ -39,8 +50,8 @@ void ChangeType(ScopedVariant& value, VARTYPE type, UINT position)
 
 bool TakesText(const VARIANT& target)
 {
-    return (target.vt == (VT_BYREF | VT_BSTR) && target.pbstrVal)
-           || (target.vt == (VT_BYREF | VT_VARIANT) && target.pvarVal);
+    return (target.vt == (VT_BYREF | VT_BSTR) && target.pbstrVal) ||
+           (target.vt == (VT_BYREF | VT_VARIANT) && target.pvarVal);
 }
 
 // For each declared argument, where the caller put it.
@@ -52,8 +63,7 @@ std::vector<UINT> SortArguments(const std::vector<Argument>& arguments, const DI
     const UINT unnamed = passed.cArgs - passed.cNamedArgs;
     for (UINT i = 0; i < unnamed; ++i)
         places[i] = passed.cArgs - 1 - i; // the caller's array runs from last to first
-    for (UINT i = 0; i < passed.cNamedArgs; ++i)
-    {
+    for (UINT i = 0; i < passed.cNamedArgs; ++i) {
         const DISPID name = passed.rgdispidNamedArgs[i];
         if (name < 0 || static_cast<size_t>(name) >= places.size() || places[name] != kNotPassed)
             throw ArgumentFailure{DISP_E_PARAMNOTFOUND, i};
@@ -62,15 +72,14 @@ std::vector<UINT> SortArguments(const std::vector<Argument>& arguments, const DI
     return places;
 }
 
-}
+} // namespace
 
 DispatchCall::DispatchCall(const std::vector<Argument>& arguments, const DISPPARAMS& passed, VARIANT* result)
     : m_result(result)
 {
     const std::vector<UINT> places = SortArguments(arguments, passed);
     m_values.reserve(arguments.size());
-    for (size_t i = 0; i < arguments.size(); ++i)
-    {
+    for (size_t i = 0; i < arguments.size(); ++i) {
         const UINT place = places[i];
         if (place != kNotPassed && !IsMissing(passed.rgvarg[place]))
             m_values.push_back(Convert(arguments[i], passed.rgvarg[place], place));
@@ -98,8 +107,7 @@ DispatchCall::Value DispatchCall::Convert(const Argument& argument, const VARIAN
 {
     Value converted;
     converted.given = true;
-    if (argument.type == ArgumentType::OutText)
-    {
+    if (argument.type == ArgumentType::OutText) {
         if (!TakesText(source))
             throw ArgumentFailure{DISP_E_TYPEMISMATCH, position};
         converted.target = &source;
@@ -111,11 +119,9 @@ DispatchCall::Value DispatchCall::Convert(const Argument& argument, const VARIAN
     ScopedVariant value;
     if (FAILED(VariantCopyInd(&value, const_cast<VARIANT*>(&source)))) // only read
         throw ArgumentFailure{DISP_E_TYPEMISMATCH, position};
-    switch (argument.type)
-    {
+    switch (argument.type) {
     case ArgumentType::Index:
-        if (value->vt == VT_BSTR)
-        {
+        if (value->vt == VT_BSTR) {
             converted.index = TextOf(value->bstrVal);
             break;
         }
@@ -195,8 +201,7 @@ void DispatchCall::Return(const std::vector<std::wstring>& texts)
     VARIANT* elements = nullptr;
     if (FAILED(SafeArrayAccessData(array, reinterpret_cast<void**>(&elements))))
         throw std::bad_alloc();
-    for (const std::wstring& text : texts)
-    {
+    for (const std::wstring& text : texts) {
         elements->bstrVal = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
         elements->vt = VT_BSTR;
         ++elements;
@@ -210,15 +215,13 @@ void DispatchCall::SetText(size_t position, const std::wstring& text)
     if (!target)
         return;
     BSTR string = NewBstr(text);
-    if (target->vt == (VT_BYREF | VT_BSTR))
-    {
+    if (target->vt == (VT_BYREF | VT_BSTR)) {
         SysFreeString(*target->pbstrVal);
         *target->pbstrVal = string;
         return;
     }
     VARIANT& variable = *target->pvarVal;
-    if (variable.vt == (VT_BYREF | VT_BSTR) && variable.pbstrVal)
-    {
+    if (variable.vt == (VT_BYREF | VT_BSTR) && variable.pbstrVal) {
         SysFreeString(*variable.pbstrVal);
         *variable.pbstrVal = string;
         return;
@@ -228,4 +231,4 @@ void DispatchCall::SetText(size_t position, const std::wstring& text)
     variable.bstrVal = string;
 }
 
-}
+} // namespace velmhost

@@ -40,7 +40,7 @@ struct ArgumentFailure
 
 class DispatchCall
 {
-// Construction
+    // Construction
 public:
     // Sorts the arguments that the caller passed, by position and by name, and converts them all.
     // `result` may be null. Throws ArgumentFailure.
@@ -48,7 +48,7 @@ public:
     // The same for a property put, whose one argument is the new value.
     DispatchCall(const Argument& value, const DISPPARAMS& passed);
 
-// Attributes: arguments by position, of the type declared for them
+    // Attributes: arguments by position, of the type declared for them
 public:
     bool IsGiven(size_t position) const { return m_values[position].given; }
     const Index& IndexAt(size_t position) const { return m_values[position].index; }
@@ -57,7 +57,7 @@ public:
     // False for an optional argument that is missing.
     bool Flag(size_t position = 0) const { return m_values[position].number != 0; }
 
-// Operations
+    // Operations
 public:
     // Each sets the result; without, it stays empty.
     void Return(const std::wstring& text);
@@ -73,7 +73,7 @@ public:
     // Hands text to the caller's variable of an OutText argument, whose old value is freed.
     void SetText(size_t position, const std::wstring& text);
 
-// Implementation
+    // Implementation
 private:
     struct Value
     {
@@ -90,4 +90,4 @@ private:
     VARIANT* m_result = nullptr;
 };
 
-}
+} // namespace velmhost

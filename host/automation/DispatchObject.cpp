@@ -41,7 +41,7 @@ void GetNewEnum(DispatchObject& self, DispatchCall& call)
     call.Return(ElementEnumerator::Create(self, collection, collection.elements(self)));
 }
 
-}
+} // namespace
 
 Member Method(const wchar_t* name, DISPID id, std::vector<Argument> arguments, MemberHandler method)
 {
@@ -75,8 +75,7 @@ ClassTable::ClassTable(const wchar_t* className, ParentFunction parentFunction,
 
 const Member* ClassTable::FindName(const wchar_t* memberName) const noexcept
 {
-    for (const Member& member : members)
-    {
+    for (const Member& member : members) {
         if (SameName(member.name, memberName))
             return &member;
     }
@@ -85,16 +84,14 @@ const Member* ClassTable::FindName(const wchar_t* memberName) const noexcept
 
 const Member* ClassTable::FindId(DISPID id) const
 {
-    for (const Member& member : members)
-    {
+    for (const Member& member : members) {
         if (member.id == id)
             return &member;
     }
     return nullptr;
 }
 
-DispatchObject::DispatchObject(std::shared_ptr<AutomationState> state, const ClassTable& table,
-                               ElementId id)
+DispatchObject::DispatchObject(std::shared_ptr<AutomationState> state, const ClassTable& table, ElementId id)
     : m_state(std::move(state)), m_table(table), m_id(id)
 {
 }
@@ -103,8 +100,7 @@ STDMETHODIMP DispatchObject::QueryInterface(REFIID iid, void** object)
 {
     if (!object)
         return E_POINTER;
-    if (iid != IID_IUnknown && iid != IID_IDispatch)
-    {
+    if (iid != IID_IUnknown && iid != IID_IDispatch) {
         *object = nullptr;
         return E_NOINTERFACE;
     }
@@ -123,8 +119,7 @@ STDMETHODIMP_(ULONG) DispatchObject::Release()
 {
     --m_state->references;
     const LONG left = --m_references;
-    if (left == 0)
-    {
+    if (left == 0) {
         m_state->RemoveObject(m_table, m_id);
         --m_state->liveObjects;
         delete this;
@@ -156,12 +151,10 @@ STDMETHODIMP DispatchObject::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT cou
     const Member* member = m_table.FindName(names[0]);
     ids[0] = member ? member->id : DISPID_UNKNOWN;
     HRESULT result = member ? S_OK : DISP_E_UNKNOWNNAME;
-    for (UINT i = 1; i < count; ++i)
-    {
+    for (UINT i = 1; i < count; ++i) {
         ids[i] = DISPID_UNKNOWN;
         const size_t arguments = member ? member->arguments.size() : 0;
-        for (size_t position = 0; position < arguments; ++position)
-        {
+        for (size_t position = 0; position < arguments; ++position) {
             if (SameName(member->arguments[position].name, names[i]))
                 ids[i] = static_cast<DISPID>(position);
         }
@@ -183,8 +176,7 @@ STDMETHODIMP DispatchObject::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DIS
     // A member may let go of the last reference to its own object.
     AddRef();
     const ComOwner<IDispatch> self(this);
-    try
-    {
+    try {
         const Member* member = m_table.FindId(id);
         ++m_state->invokeCount;
         Log(member, id, flags);
@@ -196,27 +188,19 @@ STDMETHODIMP DispatchObject::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DIS
         if (member->get && (flags & DISPATCH_PROPERTYGET) && passed->cArgs > 0)
             return RunDefaultOf(*member, *passed, result);
         return Run(*member, flags, *passed, result);
-    }
-    catch (const ArgumentFailure& failure)
-    {
+    } catch (const ArgumentFailure& failure) {
         if (argumentError)
             *argumentError = failure.position;
         return failure.result;
-    }
-    catch (const HostError& error)
-    {
+    } catch (const HostError& error) {
         if (result)
             VariantClear(result);
         return FillException(error, exception);
-    }
-    catch (const std::bad_alloc&)
-    {
+    } catch (const std::bad_alloc&) {
         if (result)
             VariantClear(result);
         return E_OUTOFMEMORY;
-    }
-    catch (...)
-    {
+    } catch (...) {
         if (result)
             VariantClear(result);
         return E_UNEXPECTED;
@@ -225,8 +209,7 @@ STDMETHODIMP DispatchObject::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DIS
 
 HRESULT DispatchObject::Run(const Member& member, WORD flags, const DISPPARAMS& passed, VARIANT* result)
 {
-    if (flags & DISPATCH_PROPERTYPUT)
-    {
+    if (flags & DISPATCH_PROPERTYPUT) {
         if (!member.put)
             return DISP_E_MEMBERNOTFOUND;
         DispatchCall call({L"value", member.value}, passed);
@@ -275,8 +258,7 @@ void DispatchObject::Log(const Member* member, DISPID id, WORD flags)
 ComOwner<IDispatch> ObjectFor(const DispatchObject& origin, const ClassTable& table, ElementId id)
 {
     AutomationState& state = origin.State();
-    if (DispatchObject* present = state.FindObject(table, id))
-    {
+    if (DispatchObject* present = state.FindObject(table, id)) {
         present->AddRef();
         return ComOwner<IDispatch>(present);
     }
@@ -297,4 +279,4 @@ ComOwner<IDispatch> ApplicationOf(const DispatchObject& origin)
     return ComOwner<IDispatch>(application);
 }
 
-}
+} // namespace velmhost

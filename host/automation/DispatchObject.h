@@ -35,7 +35,10 @@ Member Property(const wchar_t* name, DISPID id, MemberHandler get);
 Member Property(const wchar_t* name, DISPID id, ArgumentType value, MemberHandler get, MemberHandler put);
 
 // The ids of all members but Item, _NewEnum and the members of the application: this and a small number.
-constexpr DISPID MemberId(int number) { return 0x60020000 + number; }
+constexpr DISPID MemberId(int number)
+{
+    return 0x60020000 + number;
+}
 
 // What makes a class a collection.
 struct Collection
@@ -71,14 +74,14 @@ struct ClassTable
 
 class DispatchObject : public IDispatch
 {
-// Construction
+    // Construction
 public:
     // Begins with one reference, which belongs to the maker.
     DispatchObject(std::shared_ptr<AutomationState> state, const ClassTable& table, ElementId id);
     DispatchObject(const DispatchObject&) = delete;
     DispatchObject& operator=(const DispatchObject&) = delete;
 
-// Attributes
+    // Attributes
 public:
     AutomationState& State() const { return *m_state; }
     const std::shared_ptr<AutomationState>& SharedState() const { return m_state; }
@@ -87,7 +90,7 @@ public:
     // The element that the object stands for, or that owns the collection; 0 for those of the host.
     ElementId Id() const { return m_id; }
 
-// Implementation
+    // Implementation
 public:
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
     STDMETHODIMP_(ULONG) AddRef() override;
@@ -133,4 +136,4 @@ const ClassTable& ToolbarsClass();      // the group
 const ClassTable& ToolbarClass();       // the toolbar
 const ClassTable& ToolbarItemClass();   // the item
 
-}
+} // namespace velmhost

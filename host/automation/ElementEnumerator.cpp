@@ -28,8 +28,7 @@ STDMETHODIMP ElementEnumerator::QueryInterface(REFIID iid, void** object)
 {
     if (!object)
         return E_POINTER;
-    if (iid != IID_IUnknown && iid != IID_IEnumVARIANT)
-    {
+    if (iid != IID_IUnknown && iid != IID_IEnumVARIANT) {
         *object = nullptr;
         return E_NOINTERFACE;
     }
@@ -57,8 +56,7 @@ STDMETHODIMP_(ULONG) ElementEnumerator::Release()
 bool ElementEnumerator::FindNext()
 {
     const HostModel* model = m_origin.State().model;
-    while (model && m_position < m_elements.size()
-           && !m_collection.exists(*model, m_elements[m_position]))
+    while (model && m_position < m_elements.size() && !m_collection.exists(*model, m_elements[m_position]))
         ++m_position;
     return model && m_position < m_elements.size();
 }
@@ -70,18 +68,14 @@ STDMETHODIMP ElementEnumerator::Next(ULONG wanted, VARIANT* elements, ULONG* fet
     if (!elements || (!fetched && wanted != 1))
         return E_POINTER;
     ULONG count = 0;
-    try
-    {
-        for (; count < wanted && FindNext(); ++count, ++m_position)
-        {
+    try {
+        for (; count < wanted && FindNext(); ++count, ++m_position) {
             VariantInit(&elements[count]);
             elements[count].pdispVal =
                 ObjectFor(m_origin, m_collection.itemClass(), m_elements[m_position]).release();
             elements[count].vt = VT_DISPATCH;
         }
-    }
-    catch (const std::bad_alloc&)
-    {
+    } catch (const std::bad_alloc&) {
         while (count > 0)
             VariantClear(&elements[--count]);
         return E_OUTOFMEMORY;
@@ -93,8 +87,7 @@ STDMETHODIMP ElementEnumerator::Next(ULONG wanted, VARIANT* elements, ULONG* fet
 
 STDMETHODIMP ElementEnumerator::Skip(ULONG count)
 {
-    for (; count > 0; --count, ++m_position)
-    {
+    for (; count > 0; --count, ++m_position) {
         if (!FindNext())
             return S_FALSE;
     }
@@ -112,15 +105,12 @@ STDMETHODIMP ElementEnumerator::Clone(IEnumVARIANT** copy)
     if (!copy)
         return E_POINTER;
     *copy = nullptr;
-    try
-    {
+    try {
         *copy = new ElementEnumerator(m_origin, m_collection, m_elements, m_position);
-    }
-    catch (const std::bad_alloc&)
-    {
+    } catch (const std::bad_alloc&) {
         return E_OUTOFMEMORY;
     }
     return S_OK;
 }
 
-}
+} // namespace velmhost

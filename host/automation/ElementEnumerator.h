@@ -16,7 +16,7 @@ namespace velmhost
 // out, be they removed from the host or, for MenuBar, taken off the bar; later ones do not appear.
 class ElementEnumerator : public IEnumVARIANT
 {
-// Construction
+    // Construction
 public:
     // `origin` is the collection's object, `elements` what it has now.
     static ComOwner<IUnknown> Create(DispatchObject& origin, const Collection& collection,
@@ -24,7 +24,7 @@ public:
     ElementEnumerator(const ElementEnumerator&) = delete;
     ElementEnumerator& operator=(const ElementEnumerator&) = delete;
 
-// Implementation
+    // Implementation
 public:
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
     STDMETHODIMP_(ULONG) AddRef() override;
@@ -35,8 +35,8 @@ public:
     STDMETHODIMP Clone(IEnumVARIANT** copy) override;
 
 private:
-    ElementEnumerator(DispatchObject& origin, const Collection& collection,
-                      std::vector<ElementId> elements, size_t position);
+    ElementEnumerator(DispatchObject& origin, const Collection& collection, std::vector<ElementId> elements,
+                      size_t position);
     virtual ~ElementEnumerator();
 
     bool FindNext();
@@ -48,4 +48,4 @@ private:
     LONG m_references = 1;
 };
 
-}
+} // namespace velmhost

@@ -9,7 +9,8 @@
 namespace velmhost
 {
 
-template <class T> const T& RequireElement(const T* element)
+template <class T>
+const T& RequireElement(const T* element)
 {
     if (element)
         return *element;
@@ -41,7 +42,8 @@ inline const ToolbarItem& ToolbarItemOf(const DispatchObject& self)
     return RequireElement(self.Model().FindToolbarItem(self.Id()));
 }
 
-template <class Elements> std::vector<ElementId> IdsOf(const Elements& elements)
+template <class Elements>
+std::vector<ElementId> IdsOf(const Elements& elements)
 {
     std::vector<ElementId> ids;
     ids.reserve(elements.size());
@@ -57,20 +59,23 @@ void PutText(DispatchObject& self, DispatchCall& call)
     (self.Model().*Set)(self.Id(), call.Text());
 }
 
-template <void (HostModel::*Set)(ElementId, bool)> void PutFlag(DispatchObject& self, DispatchCall& call)
+template <void (HostModel::*Set)(ElementId, bool)>
+void PutFlag(DispatchObject& self, DispatchCall& call)
 {
     (self.Model().*Set)(self.Id(), call.Flag());
 }
 
-template <void (HostModel::*Set)(ElementId, long)> void PutNumber(DispatchObject& self, DispatchCall& call)
+template <void (HostModel::*Set)(ElementId, long)>
+void PutNumber(DispatchObject& self, DispatchCall& call)
 {
     (self.Model().*Set)(self.Id(), call.Number());
 }
 
 // A method without arguments.
-template <void (HostModel::*Act)(ElementId)> void RunOn(DispatchObject& self, DispatchCall&)
+template <void (HostModel::*Act)(ElementId)>
+void RunOn(DispatchObject& self, DispatchCall&)
 {
     (self.Model().*Act)(self.Id());
 }
 
-}
+} // namespace velmhost

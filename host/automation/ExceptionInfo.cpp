@@ -14,21 +14,29 @@ BSTR StringOrNull(std::wstring_view text) noexcept
     return text.empty() ? nullptr : SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
 }
 
-}
+} // namespace
 
 HRESULT ResultOf(Refusal reason) noexcept
 {
-    switch (reason)
-    {
-    case Refusal::Gone: return RPC_E_DISCONNECTED;
-    case Refusal::NotFound: return DISP_E_BADINDEX;
-    case Refusal::Invalid: return E_INVALIDARG;
-    case Refusal::Duplicate: return HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS);
-    case Refusal::NotAllowed: return E_ACCESSDENIED;
-    case Refusal::Busy: return RPC_E_SERVERCALL_RETRYLATER;
-    case Refusal::FileMissing: return STG_E_FILENOTFOUND;
-    case Refusal::FileInvalid: return HRESULT_FROM_WIN32(ERROR_INVALID_DATA);
-    case Refusal::NotSupported: return E_NOTIMPL;
+    switch (reason) {
+    case Refusal::Gone:
+        return RPC_E_DISCONNECTED;
+    case Refusal::NotFound:
+        return DISP_E_BADINDEX;
+    case Refusal::Invalid:
+        return E_INVALIDARG;
+    case Refusal::Duplicate:
+        return HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS);
+    case Refusal::NotAllowed:
+        return E_ACCESSDENIED;
+    case Refusal::Busy:
+        return RPC_E_SERVERCALL_RETRYLATER;
+    case Refusal::FileMissing:
+        return STG_E_FILENOTFOUND;
+    case Refusal::FileInvalid:
+        return HRESULT_FROM_WIN32(ERROR_INVALID_DATA);
+    case Refusal::NotSupported:
+        return E_NOTIMPL;
     }
     return E_FAIL;
 }
@@ -59,4 +67,4 @@ HRESULT FillException(const InvokeFault& fault, EXCEPINFO* exception) noexcept
     return DISP_E_EXCEPTION;
 }
 
-}
+} // namespace velmhost

@@ -19,4 +19,4 @@ HRESULT ResultOf(Refusal reason) noexcept;
 HRESULT FillException(const HostError& error, EXCEPINFO* exception) noexcept;
 HRESULT FillException(const InvokeFault& fault, EXCEPINFO* exception) noexcept;
 
-}
+} // namespace velmhost

@@ -74,4 +74,4 @@ std::vector<std::wstring> HostAutomation::TakeLog()
     return std::exchange(m_state->log, {});
 }
 
-}
+} // namespace velmhost

@@ -53,11 +53,11 @@ struct InvokeFault
 {
     // What Invoke returns: DISP_E_EXCEPTION to hand out the texts, any other failure for a bare one.
     HRESULT result = DISP_E_EXCEPTION;
-    HRESULT scode = E_FAIL;        // these four go into the EXCEPINFO; a code other than 0 goes there
-    WORD code = 0;                 // instead of scode
+    HRESULT scode = E_FAIL; // these four go into the EXCEPINFO; a code other than 0 goes there
+    WORD code = 0;          // instead of scode
     std::wstring source = kHostSource;
     std::wstring description = L"The host failed on request.";
-    bool forever = false;          // false: only the one call fails; true: all from that one on
+    bool forever = false; // false: only the one call fails; true: all from that one on
 };
 
 // Counts the references to the application object in place of the object itself.
@@ -75,7 +75,7 @@ protected:
 
 class HostAutomation
 {
-// Construction
+    // Construction
 public:
     // `model`, and `owner` if any, must live longer than this. Without an owner the application object
     // counts its references itself.
@@ -85,7 +85,7 @@ public:
     HostAutomation(const HostAutomation&) = delete;
     HostAutomation& operator=(const HostAutomation&) = delete;
 
-// Attributes
+    // Attributes
 public:
     // The application object, without a reference added.
     IDispatch* Application() const;
@@ -97,7 +97,7 @@ public:
     HostShell* Shell() const;
     void SetShell(HostShell* shell);
 
-// Operations: for tests
+    // Operations: for tests
 public:
     // Objects that clients hold now, enumerators included, the application object not.
     long LiveObjects() const;
@@ -117,10 +117,10 @@ public:
     void KeepLog(bool keep);
     std::vector<std::wstring> TakeLog();
 
-// Implementation
+    // Implementation
 private:
     std::shared_ptr<AutomationState> m_state;
     ApplicationObject* m_application; // one reference of it is ours
 };
 
-}
+} // namespace velmhost

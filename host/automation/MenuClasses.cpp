@@ -83,7 +83,7 @@ const Collection kItems = {
     [](const HostModel& model, ElementId id) { return model.FindMenuItem(id) != nullptr; },
 };
 
-}
+} // namespace
 
 const ClassTable& PopupMenusClass()
 {
@@ -104,9 +104,9 @@ const ClassTable& PopupMenuClass()
     static const ClassTable table(
         L"PopupMenu", ParentOfMenu, &kItems,
         {
-            Property(L"Name", MemberId(0x05), ArgumentType::Text,
-                     [](D& self, C& call) { call.Return(MenuOf(self).name); },
-                     PutText<&HostModel::SetMenuName>),
+            Property(
+                L"Name", MemberId(0x05), ArgumentType::Text,
+                [](D& self, C& call) { call.Return(MenuOf(self).name); }, PutText<&HostModel::SetMenuName>),
             Property(L"NameNoMnemonic", MemberId(0x07),
                      [](D& self, C& call) { call.Return(WithoutMnemonic(MenuOf(self).name)); }),
             Property(L"ShortcutMenu", MemberId(0x08),
@@ -120,8 +120,7 @@ const ClassTable& PopupMenuClass()
             Method(L"InsertInMenuBar", MemberId(0x0d), {kIndex},
                    [](D& self, C& call) { self.Model().InsertInMenuBar(self.Id(), call.IndexAt(0)); }),
             Method(L"RemoveFromMenuBar", MemberId(0x0e), {}, RunOn<&HostModel::RemoveFromMenuBar>),
-            Property(L"TagString", MemberId(0x0f),
-                     [](D& self, C& call) { call.Return(MenuOf(self).tag); }),
+            Property(L"TagString", MemberId(0x0f), [](D& self, C& call) { call.Return(MenuOf(self).tag); }),
         });
     return table;
 }
@@ -130,40 +129,46 @@ const ClassTable& PopupMenuItemClass()
 {
     static const ClassTable table(
         L"PopupMenuItem",
-        [](const D& self) { return ObjectFor(self, PopupMenuClass(), MenuItemOf(self).parent->id); },
-        nullptr,
+        [](const D& self) { return ObjectFor(self, PopupMenuClass(), MenuItemOf(self).parent->id); }, nullptr,
         {
-            Property(L"Label", MemberId(0x02), ArgumentType::Text,
-                     [](D& self, C& call) { call.Return(MenuItemOf(self).label); },
-                     PutText<&HostModel::SetMenuItemLabel>),
-            Property(L"TagString", MemberId(0x04), ArgumentType::Text,
-                     [](D& self, C& call) { call.Return(MenuItemOf(self).tag); },
-                     PutText<&HostModel::SetMenuItemTag>),
-            Property(L"Enable", MemberId(0x06), ArgumentType::Flag,
-                     [](D& self, C& call) { call.Return(MenuItemOf(self).enabled); },
-                     PutFlag<&HostModel::SetMenuItemEnabled>),
-            Property(L"Check", MemberId(0x08), ArgumentType::Flag,
-                     [](D& self, C& call) { call.Return(MenuItemOf(self).checked); },
-                     PutFlag<&HostModel::SetMenuItemChecked>),
+            Property(
+                L"Label", MemberId(0x02), ArgumentType::Text,
+                [](D& self, C& call) { call.Return(MenuItemOf(self).label); },
+                PutText<&HostModel::SetMenuItemLabel>),
+            Property(
+                L"TagString", MemberId(0x04), ArgumentType::Text,
+                [](D& self, C& call) { call.Return(MenuItemOf(self).tag); },
+                PutText<&HostModel::SetMenuItemTag>),
+            Property(
+                L"Enable", MemberId(0x06), ArgumentType::Flag,
+                [](D& self, C& call) { call.Return(MenuItemOf(self).enabled); },
+                PutFlag<&HostModel::SetMenuItemEnabled>),
+            Property(
+                L"Check", MemberId(0x08), ArgumentType::Flag,
+                [](D& self, C& call) { call.Return(MenuItemOf(self).checked); },
+                PutFlag<&HostModel::SetMenuItemChecked>),
             Property(L"Type", MemberId(0x0a),
                      [](D& self, C& call) { call.Return(static_cast<long>(MenuItemOf(self).type)); }),
             Property(L"SubMenu", MemberId(0x0b), GetSubMenu),
-            Property(L"Macro", MemberId(0x0c), ArgumentType::Text,
-                     [](D& self, C& call) { call.Return(MenuItemOf(self).macro); },
-                     PutText<&HostModel::SetMenuItemMacro>),
+            Property(
+                L"Macro", MemberId(0x0c), ArgumentType::Text,
+                [](D& self, C& call) { call.Return(MenuItemOf(self).macro); },
+                PutText<&HostModel::SetMenuItemMacro>),
             Property(L"Index", MemberId(0x0e),
                      [](D& self, C& call) { call.Return(HostModel::PositionOf(MenuItemOf(self))); }),
             Property(L"Caption", MemberId(0x0f),
                      [](D& self, C& call) { call.Return(CaptionOf(MenuItemOf(self).label)); }),
-            Property(L"HelpString", MemberId(0x10), ArgumentType::Text,
-                     [](D& self, C& call) { call.Return(MenuItemOf(self).help); },
-                     PutText<&HostModel::SetMenuItemHelp>),
+            Property(
+                L"HelpString", MemberId(0x10), ArgumentType::Text,
+                [](D& self, C& call) { call.Return(MenuItemOf(self).help); },
+                PutText<&HostModel::SetMenuItemHelp>),
             Method(L"Delete", MemberId(0x12), {}, RunOn<&HostModel::RemoveMenuItem>),
-            Property(L"EndSubMenuLevel", MemberId(0x13), ArgumentType::Number,
-                     [](D& self, C& call) { call.Return(MenuItemOf(self).endSubMenuLevel); },
-                     PutNumber<&HostModel::SetMenuItemEndSubMenuLevel>),
+            Property(
+                L"EndSubMenuLevel", MemberId(0x13), ArgumentType::Number,
+                [](D& self, C& call) { call.Return(MenuItemOf(self).endSubMenuLevel); },
+                PutNumber<&HostModel::SetMenuItemEndSubMenuLevel>),
         });
     return table;
 }
 
-}
+} // namespace velmhost

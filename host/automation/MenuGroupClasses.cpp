@@ -38,7 +38,7 @@ const Collection kBar = {
     [](const HostModel& model, ElementId id) { return model.IsOnMenuBar(id); },
 };
 
-}
+} // namespace
 
 const ClassTable& MenuGroupsClass()
 {
@@ -65,14 +65,12 @@ const ClassTable& MenuGroupClass()
                      [](D& self, C& call) { call.Return(static_cast<long>(GroupOf(self).type)); }),
             Property(L"MenuFileName", MemberId(0x04),
                      [](D& self, C& call) { call.Return(GroupOf(self).fileName); }),
-            Property(L"Menus", MemberId(0x05),
-                     [](D& self, C& call) {
-                         call.Return(ObjectFor(self, PopupMenusClass(), GroupOf(self).id));
-                     }),
-            Property(L"Toolbars", MemberId(0x06),
-                     [](D& self, C& call) {
-                         call.Return(ObjectFor(self, ToolbarsClass(), GroupOf(self).id));
-                     }),
+            Property(
+                L"Menus", MemberId(0x05),
+                [](D& self, C& call) { call.Return(ObjectFor(self, PopupMenusClass(), GroupOf(self).id)); }),
+            Property(
+                L"Toolbars", MemberId(0x06),
+                [](D& self, C& call) { call.Return(ObjectFor(self, ToolbarsClass(), GroupOf(self).id)); }),
             Method(L"Unload", MemberId(0x07), {}, RunOn<&HostModel::RemoveGroup>),
             Method(L"Save", MemberId(0x08), {{L"MenuFileType", ArgumentType::Number}}, RefuseSaving),
             Method(L"SaveAs", MemberId(0x09),
@@ -84,9 +82,8 @@ const ClassTable& MenuGroupClass()
 
 const ClassTable& MenuBarClass()
 {
-    static const ClassTable table(
-        L"MenuBar", [](const D& self) { return ApplicationOf(self); }, &kBar, {});
+    static const ClassTable table(L"MenuBar", [](const D& self) { return ApplicationOf(self); }, &kBar, {});
     return table;
 }
 
-}
+} // namespace velmhost

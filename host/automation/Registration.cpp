@@ -95,16 +95,14 @@ private:
     LONG m_references = 1;
 };
 
-}
+} // namespace
 
 std::wstring HostProgramFile()
 {
     std::wstring name(MAX_PATH, L'\0');
-    for (;;)
-    {
+    for (;;) {
         const DWORD length = GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()));
-        if (length < name.size())
-        {
+        if (length < name.size()) {
             name.resize(length);
             return name;
         }
@@ -131,8 +129,7 @@ HRESULT RegisterHostClass(const std::wstring& program)
         {kHostVersionedProgId, kHostName},
         {std::wstring(kHostVersionedProgId) + L"\\CLSID", classId},
     };
-    for (const auto& value : values)
-    {
+    for (const auto& value : values) {
         const LSTATUS error = RegistryKey(value.key).Set(value.value);
         if (error != ERROR_SUCCESS)
             return HRESULT_FROM_WIN32(error);
@@ -157,8 +154,8 @@ HostRegistration::HostRegistration(IDispatch* application) : m_application(appli
 {
     m_result = RegisterActiveObject(m_application, CLSID_VelmHostApplication, ACTIVEOBJECT_STRONG, &m_active);
     const ComOwner<IClassFactory> factory(new ApplicationFactory(m_application));
-    const HRESULT result = CoRegisterClassObject(CLSID_VelmHostApplication, factory.get(), CLSCTX_LOCAL_SERVER,
-                                                 REGCLS_MULTIPLEUSE, &m_classObject);
+    const HRESULT result = CoRegisterClassObject(CLSID_VelmHostApplication, factory.get(),
+                                                 CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &m_classObject);
     if (SUCCEEDED(m_result))
         m_result = FAILED(result) ? result : m_result;
 }
@@ -172,4 +169,4 @@ HostRegistration::~HostRegistration()
     CoDisconnectObject(m_application, 0);
 }
 
-}
+} // namespace velmhost

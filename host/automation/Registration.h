@@ -33,7 +33,7 @@ std::wstring HostProgramFile();
 // that the registration holds count as clients' references on the application object.
 class HostRegistration
 {
-// Construction
+    // Construction
 public:
     // Registers `application`, which must outlive this. Check Result: a failure of either registration
     // leaves the other in place.
@@ -43,12 +43,12 @@ public:
     HostRegistration(const HostRegistration&) = delete;
     HostRegistration& operator=(const HostRegistration&) = delete;
 
-// Attributes
+    // Attributes
 public:
     // S_OK, or the first failure.
     HRESULT Result() const { return m_result; }
 
-// Implementation
+    // Implementation
 private:
     IDispatch* m_application;
     DWORD m_active = 0;
@@ -56,4 +56,4 @@ private:
     HRESULT m_result = S_OK;
 };
 
-}
+} // namespace velmhost

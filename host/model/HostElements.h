@@ -16,10 +16,32 @@ namespace velmhost
 using ElementId = unsigned;
 
 // The numbers of these enumerations are those that automation clients see.
-enum class MenuGroupType { Base = 0, Partial = 1 };
-enum class MenuItemType { Item = 0, Separator = 1, SubMenu = 2 };
-enum class ToolbarItemType { Button = 0, Separator = 1, Control = 2, Flyout = 3 };
-enum class DockStatus { Top = 0, Bottom = 1, Left = 2, Right = 3, Floating = 4 };
+enum class MenuGroupType
+{
+    Base = 0,
+    Partial = 1
+};
+enum class MenuItemType
+{
+    Item = 0,
+    Separator = 1,
+    SubMenu = 2
+};
+enum class ToolbarItemType
+{
+    Button = 0,
+    Separator = 1,
+    Control = 2,
+    Flyout = 3
+};
+enum class DockStatus
+{
+    Top = 0,
+    Bottom = 1,
+    Left = 2,
+    Right = 3,
+    Floating = 4
+};
 
 struct Menu;
 struct MenuGroup;
@@ -29,12 +51,12 @@ struct Toolbar;
 struct MenuItem
 {
     ElementId id = 0;
-    Menu* parent = nullptr;        // the menu that the entry stands in; never null
+    Menu* parent = nullptr; // the menu that the entry stands in; never null
     MenuItemType type = MenuItemType::Item;
-    std::wstring label;            // with `&`; empty for a separator
-    std::wstring macro;            // what the command line is fed; empty unless type is Item
-    std::wstring help;             // text of the status bar
-    std::wstring tag;              // unique among the items of the whole menu
+    std::wstring label; // with `&`; empty for a separator
+    std::wstring macro; // what the command line is fed; empty unless type is Item
+    std::wstring help;  // text of the status bar
+    std::wstring tag;   // unique among the items of the whole menu
     bool enabled = true;
     bool checked = false;
     long endSubMenuLevel = 0;      // kept for clients, not used
@@ -45,11 +67,11 @@ struct MenuItem
 struct Menu
 {
     ElementId id = 0;
-    MenuGroup* group = nullptr;    // never null
-    MenuItem* owner = nullptr;     // the entry that opens a sub-menu; null for the others
-    std::wstring name;             // with `&`; for a sub-menu always the label of its owner
+    MenuGroup* group = nullptr; // never null
+    MenuItem* owner = nullptr;  // the entry that opens a sub-menu; null for the others
+    std::wstring name;          // with `&`; for a sub-menu always the label of its owner
     std::wstring tag;
-    bool shortcut = false;         // true for the group's shortcut menu
+    bool shortcut = false; // true for the group's shortcut menu
     std::vector<std::unique_ptr<MenuItem>> items;
 };
 
@@ -57,16 +79,16 @@ struct Menu
 struct ToolbarItem
 {
     ElementId id = 0;
-    Toolbar* parent = nullptr;     // never null
+    Toolbar* parent = nullptr; // never null
     ToolbarItemType type = ToolbarItemType::Button;
-    std::wstring name;             // also the tooltip
-    std::wstring macro;            // not run for a fly-out
-    std::wstring help;             // text of the status bar
-    std::wstring tag;              // unique among the items of its toolbar
+    std::wstring name;  // also the tooltip
+    std::wstring macro; // not run for a fly-out
+    std::wstring help;  // text of the status bar
+    std::wstring tag;   // unique among the items of its toolbar
     std::wstring commandDisplayName;
-    std::wstring smallBitmap;      // names of image files, which need not exist
+    std::wstring smallBitmap; // names of image files, which need not exist
     std::wstring largeBitmap;
-    Toolbar* flyout = nullptr;     // the attached toolbar of a fly-out; null when none is attached
+    Toolbar* flyout = nullptr; // the attached toolbar of a fly-out; null when none is attached
 };
 
 // Place on the screen, in pixels.
@@ -82,14 +104,14 @@ struct ToolbarFrame
 struct Toolbar
 {
     ElementId id = 0;
-    MenuGroup* group = nullptr;    // never null
-    std::wstring name;             // title of the floating frame
+    MenuGroup* group = nullptr; // never null
+    std::wstring name;          // title of the floating frame
     std::wstring help;
     std::wstring tag;
     bool visible = true;
     DockStatus dock = DockStatus::Floating;
     ToolbarFrame frame;
-    long floatingRows = 1;         // wished number of rows when floating, >= 1
+    long floatingRows = 1; // wished number of rows when floating, >= 1
     std::vector<std::unique_ptr<ToolbarItem>> items;
 };
 
@@ -99,9 +121,9 @@ struct MenuGroup
     ElementId id = 0;
     std::wstring name;
     MenuGroupType type = MenuGroupType::Partial;
-    std::wstring fileName;         // full name of the file it came from; empty for the built-in group
+    std::wstring fileName; // full name of the file it came from; empty for the built-in group
     std::vector<std::unique_ptr<Menu>> menus;
     std::vector<std::unique_ptr<Toolbar>> toolbars;
 };
 
-}
+} // namespace velmhost

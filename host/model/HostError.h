@@ -11,15 +11,15 @@ namespace velmhost
 // Why something was refused. The automation layer gives each reason a result code of its own.
 enum class Refusal
 {
-    Gone,         // the element was removed
-    NotFound,     // nothing has this index or name
-    Invalid,      // a value that this member does not take
-    Duplicate,    // the name or tag is taken
-    NotAllowed,   // not on an element of this kind, or not in its present state
-    Busy,         // the host cannot do it now
+    Gone,       // the element was removed
+    NotFound,   // nothing has this index or name
+    Invalid,    // a value that this member does not take
+    Duplicate,  // the name or tag is taken
+    NotAllowed, // not on an element of this kind, or not in its present state
+    Busy,       // the host cannot do it now
     FileMissing,
     FileInvalid,
-    NotSupported  // the host has no such thing
+    NotSupported // the host has no such thing
 };
 
 // A refusal with a sentence for the user of the object. Thrown by value.
@@ -40,4 +40,4 @@ private:
     std::wstring m_description;
 };
 
-}
+} // namespace velmhost

@@ -64,13 +64,11 @@ void HostModel::RemoveObserver(HostModelObserver& observer)
     std::erase(m_observers, &observer);
 }
 
-void HostModel::Notify(ModelChange::What what, ModelChange::Kind kind, ElementId element,
-                       ElementId parent)
+void HostModel::Notify(ModelChange::What what, ModelChange::Kind kind, ElementId element, ElementId parent)
 {
     // A copy, since observers may come and go meanwhile; those that went are not called any more.
     const auto observers = m_observers;
-    for (HostModelObserver* observer : observers)
-    {
+    for (HostModelObserver* observer : observers) {
         if (std::find(m_observers.begin(), m_observers.end(), observer) != m_observers.end())
             observer->OnModelChanged({what, kind, element, parent});
     }
@@ -81,8 +79,7 @@ const MenuGroup& HostModel::AddGroup(const std::wstring& name, MenuGroupType typ
 {
     auto base = std::find_if(m_groups.begin(), m_groups.end(),
                              [](const auto& group) { return group->type == MenuGroupType::Base; });
-    for (const auto& group : m_groups)
-    {
+    for (const auto& group : m_groups) {
         const bool replaced = type == MenuGroupType::Base && base != m_groups.end() && group == *base;
         if (!replaced && SameName(group->name, name))
             throw HostError(Refusal::Duplicate, L"A menu group of this name is loaded already.");
@@ -90,8 +87,7 @@ const MenuGroup& HostModel::AddGroup(const std::wstring& name, MenuGroupType typ
     // Nobody is told before the new group stands: observers must not meet the exchange half done.
     ElementId replaced = 0;
     bool barChanged = false;
-    if (type == MenuGroupType::Base && base != m_groups.end())
-    {
+    if (type == MenuGroupType::Base && base != m_groups.end()) {
         replaced = (*base)->id;
         barChanged = TakeOutGroup(replaced);
     }
@@ -153,12 +149,9 @@ void HostModel::Forget(const MenuItem& item)
 
 void HostModel::Forget(const Toolbar& toolbar)
 {
-    for (const auto& group : m_groups)
-    {
-        for (const auto& carrier : group->toolbars)
-        {
-            for (const auto& item : carrier->items)
-            {
+    for (const auto& group : m_groups) {
+        for (const auto& carrier : group->toolbars) {
+            for (const auto& item : carrier->items) {
                 if (item->flyout == &toolbar)
                     item->flyout = nullptr;
             }
@@ -169,4 +162,4 @@ void HostModel::Forget(const Toolbar& toolbar)
     m_records.erase(toolbar.id);
 }
 
-}
+} // namespace velmhost

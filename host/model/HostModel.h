@@ -32,10 +32,19 @@ inline constexpr long kAtEnd = 0x7FFFFFFF;
 
 // What adding a menu or toolbar does when its group has one of that name. The shortcut menu of a
 // group is never doubled: AddSecond refuses there.
-enum class DuplicateAdd { Fail, ReturnExisting, AddSecond };
+enum class DuplicateAdd
+{
+    Fail,
+    ReturnExisting,
+    AddSecond
+};
 
 // Strict: a separator that would be first or stand beside another one is refused. Lenient: added.
-enum class SeparatorRule { Strict, Lenient };
+enum class SeparatorRule
+{
+    Strict,
+    Lenient
+};
 
 // Rules of the host that clients must be able to live with either way; set them at any time.
 struct HostPolicies
@@ -61,8 +70,22 @@ struct HostPolicies
 // record that `parent` names, can still be used.
 struct ModelChange
 {
-    enum class Kind { Added, Changed, Removed };
-    enum class What { Group, Menu, MenuItem, MenuBar, Toolbar, ToolbarItem, LargeButtons };
+    enum class Kind
+    {
+        Added,
+        Changed,
+        Removed
+    };
+    enum class What
+    {
+        Group,
+        Menu,
+        MenuItem,
+        MenuBar,
+        Toolbar,
+        ToolbarItem,
+        LargeButtons
+    };
 
     What what;
     Kind kind;
@@ -85,7 +108,7 @@ protected:
 
 class HostModel
 {
-// Construction
+    // Construction
 public:
     // Makes a model with one empty base group, called "BASE", and an empty menu bar.
     HostModel();
@@ -93,7 +116,7 @@ public:
     HostModel(const HostModel&) = delete;
     HostModel& operator=(const HostModel&) = delete;
 
-// Attributes
+    // Attributes
 public:
     HostPolicies& Policies() { return m_policies; }
 
@@ -125,14 +148,14 @@ public:
     // Number of entries in the whole hierarchy that a menu belongs to.
     static unsigned CountHierarchy(const Menu& menu);
 
-// Operations: observers
+    // Operations: observers
 public:
     // Adds an observer, which is not owned and must be removed before it dies. Removing one that was
     // not added does nothing.
     void AddObserver(HostModelObserver& observer);
     void RemoveObserver(HostModelObserver& observer);
 
-// Operations: groups
+    // Operations: groups
 public:
     // Adds an empty group at the end, or, for a base group, at the front in place of the present base
     // group, which is removed; observers are told of both once the new group is there.
@@ -141,7 +164,7 @@ public:
     // Removes a group with its menus, on the bar or not, and its toolbars.
     void RemoveGroup(ElementId group);
 
-// Operations: menus
+    // Operations: menus
 public:
     // Adds an empty menu, which is not on the bar. The name "POP0" asks for the group's shortcut menu.
     // A name that is taken: see HostPolicies::duplicateAdd.
@@ -174,7 +197,7 @@ public:
     // Refuses negative levels.
     void SetMenuItemEndSubMenuLevel(ElementId item, long level);
 
-// Operations: toolbars
+    // Operations: toolbars
 public:
     // Adds an empty toolbar, visible and floating. A name that is taken: see HostPolicies.
     const Toolbar& AddToolbar(ElementId group, const std::wstring& name);
@@ -217,11 +240,12 @@ public:
     void SetToolbarItemCommandDisplayName(ElementId item, const std::wstring& name);
     void SetToolbarItemBitmaps(ElementId item, const std::wstring& smallName, const std::wstring& largeName);
 
-// Implementation
+    // Implementation
 private:
     using Record = std::variant<MenuGroup*, Menu*, MenuItem*, Toolbar*, ToolbarItem*>;
 
-    template <class T> T* Find(ElementId id) const
+    template <class T>
+    T* Find(ElementId id) const
     {
         auto found = m_records.find(id);
         if (found == m_records.end())
@@ -229,13 +253,15 @@ private:
         auto record = std::get_if<T*>(&found->second);
         return record ? *record : nullptr;
     }
-    template <class T> T& Require(ElementId id) const
+    template <class T>
+    T& Require(ElementId id) const
     {
         if (T* record = Find<T>(id))
             return *record;
         throw HostError(Refusal::Gone, L"The object no longer exists in the host.");
     }
-    template <class T> ElementId NewId(T* record)
+    template <class T>
+    ElementId NewId(T* record)
     {
         m_records.emplace(++m_lastId, record);
         return m_lastId;
@@ -271,4 +297,4 @@ private:
     std::vector<HostModelObserver*> m_observers;
 };
 
-}
+} // namespace velmhost

@@ -34,13 +34,13 @@ bool HasTag(const Menu& menu, const std::wstring& tag)
     });
 }
 
-}
+} // namespace
 
 long HostModel::PositionOf(const MenuItem& item)
 {
     const auto& items = item.parent->items;
-    auto found = std::find_if(items.begin(), items.end(),
-                              [&item](const auto& each) { return each.get() == &item; });
+    auto found =
+        std::find_if(items.begin(), items.end(), [&item](const auto& each) { return each.get() == &item; });
     return static_cast<long>(found - items.begin());
 }
 
@@ -54,8 +54,7 @@ const Menu& HostModel::AddMenu(ElementId groupId, const std::wstring& name)
     MenuGroup& group = Require<MenuGroup>(groupId);
     const bool shortcut = SameName(name, kShortcutMenuName);
     const size_t existing = PositionOfName(group.menus, name);
-    if (existing < group.menus.size())
-    {
+    if (existing < group.menus.size()) {
         if (m_policies.duplicateAdd == DuplicateAdd::ReturnExisting)
             return *group.menus[existing];
         if (m_policies.duplicateAdd == DuplicateAdd::Fail || shortcut)
@@ -82,10 +81,8 @@ void HostModel::SetMenuName(ElementId id, const std::wstring& name)
         return;
     if (menu.shortcut || SameName(name, kShortcutMenuName))
         throw HostError(Refusal::NotAllowed, L"The shortcut menu keeps its name.");
-    if (m_policies.duplicateAdd != DuplicateAdd::AddSecond)
-    {
-        for (const auto& other : menu.group->menus)
-        {
+    if (m_policies.duplicateAdd != DuplicateAdd::AddSecond) {
+        for (const auto& other : menu.group->menus) {
             if (other.get() != &menu && SameName(other->name, name))
                 throw HostError(Refusal::Duplicate, L"The menu group has a menu of this name.");
         }
@@ -114,8 +111,7 @@ void HostModel::RemoveFromMenuBar(ElementId id)
     Notify(ModelChange::What::MenuBar, ModelChange::Kind::Changed, 0, 0);
 }
 
-const MenuItem* HostModel::InsertMenuItem(Menu& menu, const Index& before,
-                                          std::unique_ptr<MenuItem> item)
+const MenuItem* HostModel::InsertMenuItem(Menu& menu, const Index& before, std::unique_ptr<MenuItem> item)
 {
     const size_t position = PositionToInsert(menu.items, before);
     if (item->type == MenuItemType::Separator && m_policies.separators == SeparatorRule::Strict)
@@ -129,8 +125,7 @@ const MenuItem* HostModel::InsertMenuItem(Menu& menu, const Index& before,
     item->tag = L"ID_" + std::to_wstring(item->id);
     while (HasTag(root, item->tag)) // a client may have chosen just this one
         item->tag += L'_';
-    if (Menu* subMenu = item->subMenu.get())
-    {
+    if (Menu* subMenu = item->subMenu.get()) {
         subMenu->id = NewId(subMenu);
         subMenu->group = menu.group;
         subMenu->owner = item.get();
@@ -284,4 +279,4 @@ void HostModel::SetMenuItemEndSubMenuLevel(ElementId id, long level)
     NotifyChanged(item);
 }
 
-}
+} // namespace velmhost

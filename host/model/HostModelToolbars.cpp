@@ -15,13 +15,13 @@ bool HasTag(const Toolbar& toolbar, const std::wstring& tag)
                        [&tag](const auto& item) { return SameName(item->tag, tag); });
 }
 
-}
+} // namespace
 
 long HostModel::PositionOf(const ToolbarItem& item)
 {
     const auto& items = item.parent->items;
-    auto found = std::find_if(items.begin(), items.end(),
-                              [&item](const auto& each) { return each.get() == &item; });
+    auto found =
+        std::find_if(items.begin(), items.end(), [&item](const auto& each) { return each.get() == &item; });
     return static_cast<long>(found - items.begin());
 }
 
@@ -29,8 +29,7 @@ const Toolbar& HostModel::AddToolbar(ElementId groupId, const std::wstring& name
 {
     MenuGroup& group = Require<MenuGroup>(groupId);
     const size_t existing = PositionOfName(group.toolbars, name);
-    if (existing < group.toolbars.size())
-    {
+    if (existing < group.toolbars.size()) {
         if (m_policies.duplicateAdd == DuplicateAdd::ReturnExisting)
             return *group.toolbars[existing];
         if (m_policies.duplicateAdd == DuplicateAdd::Fail)
@@ -86,10 +85,8 @@ void HostModel::SetToolbarName(ElementId id, const std::wstring& name)
     Toolbar& toolbar = Require<Toolbar>(id);
     if (toolbar.name == name)
         return;
-    if (m_policies.duplicateAdd != DuplicateAdd::AddSecond)
-    {
-        for (const auto& other : toolbar.group->toolbars)
-        {
+    if (m_policies.duplicateAdd != DuplicateAdd::AddSecond) {
+        for (const auto& other : toolbar.group->toolbars) {
             if (other.get() != &toolbar && SameName(other->name, name))
                 throw HostError(Refusal::Duplicate, L"The menu group has a toolbar of this name.");
         }
@@ -132,8 +129,8 @@ void HostModel::FloatToolbar(ElementId id, long top, long left, long rows)
     Toolbar& toolbar = RequireEditable(id);
     if (rows < 1)
         throw HostError(Refusal::Invalid, L"A toolbar has at least one row.");
-    if (toolbar.dock == DockStatus::Floating && toolbar.frame.top == top && toolbar.frame.left == left
-        && toolbar.floatingRows == rows)
+    if (toolbar.dock == DockStatus::Floating && toolbar.frame.top == top && toolbar.frame.left == left &&
+        toolbar.floatingRows == rows)
         return;
     toolbar.dock = DockStatus::Floating;
     toolbar.frame.top = top;
@@ -197,9 +194,9 @@ const ToolbarItem& HostModel::InsertToolbarItem(Toolbar& toolbar, const Index& b
     return Require<ToolbarItem>(added);
 }
 
-const ToolbarItem& HostModel::AddToolbarButton(ElementId id, const Index& before,
-                                               const std::wstring& name, const std::wstring& help,
-                                               const std::wstring& macro, bool flyout)
+const ToolbarItem& HostModel::AddToolbarButton(ElementId id, const Index& before, const std::wstring& name,
+                                               const std::wstring& help, const std::wstring& macro,
+                                               bool flyout)
 {
     Toolbar& toolbar = RequireEditable(id);
     RequireLabel(name);
@@ -231,8 +228,7 @@ void HostModel::RemoveToolbarItem(ElementId id)
     Notify(ModelChange::What::ToolbarItem, ModelChange::Kind::Removed, id, toolbar.id);
 }
 
-void HostModel::AttachFlyout(ElementId id, const std::wstring& groupName,
-                             const std::wstring& toolbarName)
+void HostModel::AttachFlyout(ElementId id, const std::wstring& groupName, const std::wstring& toolbarName)
 {
     ToolbarItem& item = Require<ToolbarItem>(id);
     if (item.type != ToolbarItemType::Flyout)
@@ -318,4 +314,4 @@ void HostModel::SetToolbarItemBitmaps(ElementId id, const std::wstring& smallNam
     NotifyChanged(item);
 }
 
-}
+} // namespace velmhost

@@ -10,7 +10,12 @@ namespace velmhost
 {
 
 // The numbers are those that automation clients see.
-enum class WindowState { Normal = 1, Minimised = 2, Maximised = 3 };
+enum class WindowState
+{
+    Normal = 1,
+    Minimised = 2,
+    Maximised = 3
+};
 
 // Place of the main window on the screen, in pixels.
 struct WindowFrame
@@ -52,4 +57,4 @@ protected:
     ~HostShell() = default;
 };
 
-}
+} // namespace velmhost

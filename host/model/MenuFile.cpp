@@ -60,8 +60,7 @@ std::wstring Trimmed(const std::wstring& text)
 std::vector<std::wstring> Split(const std::wstring& text, wchar_t separator)
 {
     std::vector<std::wstring> pieces(1);
-    for (wchar_t c : text)
-    {
+    for (wchar_t c : text) {
         if (c == separator)
             pieces.emplace_back();
         else
@@ -74,8 +73,7 @@ std::vector<Line> SplitLines(const std::wstring& text)
 {
     std::vector<Line> lines;
     int number = 0;
-    for (const std::wstring& raw : Split(text, L'\n'))
-    {
+    for (const std::wstring& raw : Split(text, L'\n')) {
         ++number;
         const std::wstring line = Trimmed(raw);
         if (line.empty() || line[0] == L';')
@@ -90,8 +88,7 @@ std::vector<Line> SplitLines(const std::wstring& text)
 std::wstring MacroOf(const std::wstring& text)
 {
     std::wstring macro;
-    for (size_t i = 0; i < text.size(); ++i)
-    {
+    for (size_t i = 0; i < text.size(); ++i) {
         if (text[i] == L'^' && i + 1 < text.size() && text[i + 1] >= L'@' && text[i + 1] <= L'_')
             macro += static_cast<wchar_t>(text[++i] - 0x40);
         else
@@ -124,14 +121,10 @@ public:
     {
         if (lines.empty() || lines.front().keyword != L"group")
             throw HostError(Refusal::FileInvalid, L"The menu file does not begin with a group.");
-        for (const Line& line : lines)
-        {
-            try
-            {
+        for (const Line& line : lines) {
+            try {
                 ReadLine(line);
-            }
-            catch (const HostError& error)
-            {
+            } catch (const HostError& error) {
                 if (error.Reason() == Refusal::FileInvalid || m_group == 0)
                     throw;
                 RefuseLine(line.number, error.Description());
@@ -280,13 +273,9 @@ private:
 
     void Attach(const Attachment& attachment)
     {
-        try
-        {
-            m_model.AttachFlyout(attachment.item, RequireGroup(m_model, m_group).name,
-                                 attachment.toolbar);
-        }
-        catch (const HostError& error)
-        {
+        try {
+            m_model.AttachFlyout(attachment.item, RequireGroup(m_model, m_group).name, attachment.toolbar);
+        } catch (const HostError& error) {
             RefuseLine(attachment.line, error.Description());
         }
     }
@@ -312,7 +301,7 @@ std::wstring FileInFolder(const std::wstring& fileName)
     return isFile ? full : std::wstring();
 }
 
-}
+} // namespace
 
 std::wstring FindMenuFile(const std::wstring& fileName)
 {
@@ -340,12 +329,9 @@ const MenuGroup& LoadMenuFile(HostModel& model, const std::wstring& fileName, Me
     GroupReader(trial, found, MenuGroupType::Base).Read(lines);
 
     GroupReader reader(model, found, type);
-    try
-    {
+    try {
         return RequireGroup(model, reader.Read(lines));
-    }
-    catch (const HostError&)
-    {
+    } catch (const HostError&) {
         // The file is valid, so an observer stood in the way.
         if (model.FindGroup(reader.Group()))
             model.RemoveGroup(reader.Group());
@@ -353,4 +339,4 @@ const MenuGroup& LoadMenuFile(HostModel& model, const std::wstring& fileName, Me
     }
 }
 
-}
+} // namespace velmhost

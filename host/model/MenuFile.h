@@ -39,4 +39,4 @@ std::wstring FindMenuFile(const std::wstring& fileName);
 // Gone or FileInvalid when an observer of the model interferes. Nothing stays of a group that failed.
 const MenuGroup& LoadMenuFile(HostModel& model, const std::wstring& fileName, MenuGroupType type);
 
-}
+} // namespace velmhost

@@ -18,4 +18,4 @@ std::wstring CaptionOf(const std::wstring& label);
 // True when two names are the same without regard to case; ordinal, in all scripts.
 bool SameName(std::wstring_view left, std::wstring_view right) noexcept;
 
-}
+} // namespace velmhost

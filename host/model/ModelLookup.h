@@ -11,15 +11,33 @@
 namespace velmhost
 {
 
-inline const std::wstring& NameOf(const MenuItem& item) { return item.label; }
-template <class T> const std::wstring& NameOf(const T& element) { return element.name; }
+inline const std::wstring& NameOf(const MenuItem& item)
+{
+    return item.label;
+}
+template <class T>
+const std::wstring& NameOf(const T& element)
+{
+    return element.name;
+}
 
-inline bool HasName(const MenuItem& item) { return item.type != MenuItemType::Separator; }
-inline bool HasName(const ToolbarItem& item) { return item.type != ToolbarItemType::Separator; }
-template <class T> bool HasName(const T&) { return true; }
+inline bool HasName(const MenuItem& item)
+{
+    return item.type != MenuItemType::Separator;
+}
+inline bool HasName(const ToolbarItem& item)
+{
+    return item.type != ToolbarItemType::Separator;
+}
+template <class T>
+bool HasName(const T&)
+{
+    return true;
+}
 
 // Position of the first element called `name`, or the number of elements. Separators have no name.
-template <class Elements> size_t PositionOfName(const Elements& elements, const std::wstring& name)
+template <class Elements>
+size_t PositionOfName(const Elements& elements, const std::wstring& name)
 {
     auto found = std::find_if(elements.begin(), elements.end(), [&name](const auto& element) {
         return HasName(*element) && SameName(NameOf(*element), name);
@@ -27,7 +45,8 @@ template <class Elements> size_t PositionOfName(const Elements& elements, const 
     return static_cast<size_t>(found - elements.begin());
 }
 
-template <class Elements> size_t PositionFound(const Elements& elements, const Index& index)
+template <class Elements>
+size_t PositionFound(const Elements& elements, const Index& index)
 {
     size_t position = elements.size();
     if (const auto* name = std::get_if<std::wstring>(&index))
@@ -39,7 +58,8 @@ template <class Elements> size_t PositionFound(const Elements& elements, const I
     return position;
 }
 
-template <class Elements> size_t PositionToInsert(const Elements& elements, const Index& index)
+template <class Elements>
+size_t PositionToInsert(const Elements& elements, const Index& index)
 {
     if (const auto* name = std::get_if<std::wstring>(&index))
         return name->empty() ? elements.size() : PositionOfName(elements, *name);
@@ -54,8 +74,8 @@ template <class Elements, class Type>
 void RequireSeparatorAllowed(const Elements& elements, size_t position, Type separator)
 {
     const bool first = position == 0;
-    const bool doubled = (!first && elements[position - 1]->type == separator)
-                         || (position < elements.size() && elements[position]->type == separator);
+    const bool doubled = (!first && elements[position - 1]->type == separator) ||
+                         (position < elements.size() && elements[position]->type == separator);
     if (first || doubled)
         throw HostError(Refusal::NotAllowed,
                         L"A separator can neither be first nor stand beside another separator.");
@@ -65,8 +85,7 @@ void RequireSeparatorAllowed(const Elements& elements, size_t position, Type sep
 inline void RequireTag(const std::wstring& tag)
 {
     auto allowed = [](wchar_t c) {
-        return (c >= L'0' && c <= L'9') || (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z')
-               || c == L'_';
+        return (c >= L'0' && c <= L'9') || (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z') || c == L'_';
     };
     if (tag.empty() || !std::all_of(tag.begin(), tag.end(), allowed))
         throw HostError(Refusal::Invalid, L"A tag consists of letters, digits and underscores.");
@@ -77,4 +96,4 @@ inline void RequireTag(const std::wstring& tag)
     throw HostError(Refusal::Duplicate, L"Another item has this tag.");
 }
 
-}
+} // namespace velmhost

@@ -15,13 +15,17 @@ std::wstring Quoted(const std::wstring& text)
 
 const wchar_t* NameOf(DockStatus dock)
 {
-    switch (dock)
-    {
-    case DockStatus::Top: return L"top";
-    case DockStatus::Bottom: return L"bottom";
-    case DockStatus::Left: return L"left";
-    case DockStatus::Right: return L"right";
-    case DockStatus::Floating: break;
+    switch (dock) {
+    case DockStatus::Top:
+        return L"top";
+    case DockStatus::Bottom:
+        return L"bottom";
+    case DockStatus::Left:
+        return L"left";
+    case DockStatus::Right:
+        return L"right";
+    case DockStatus::Floating:
+        break;
     }
     return L"floating";
 }
@@ -57,13 +61,12 @@ private:
 
     void PrintGroup(const MenuGroup& group)
     {
-        Line(0, L"group " + Quoted(group.name)
-                    + (group.type == MenuGroupType::Base ? L" base" : L" partial")
-                    + Field(L"file", group.fileName));
-        for (const auto& menu : group.menus)
-        {
-            Line(1, L"menu " + Quoted(menu->name) + (menu->shortcut ? L" shortcut" : L"")
-                        + (m_model.IsOnMenuBar(menu->id) ? L" on bar" : L""));
+        Line(0, L"group " + Quoted(group.name) +
+                    (group.type == MenuGroupType::Base ? L" base" : L" partial") +
+                    Field(L"file", group.fileName));
+        for (const auto& menu : group.menus) {
+            Line(1, L"menu " + Quoted(menu->name) + (menu->shortcut ? L" shortcut" : L"") +
+                        (m_model.IsOnMenuBar(menu->id) ? L" on bar" : L""));
             PrintItems(*menu, 2);
         }
         for (const auto& toolbar : group.toolbars)
@@ -72,17 +75,15 @@ private:
 
     void PrintItems(const Menu& menu, int level)
     {
-        for (const auto& item : menu.items)
-        {
-            if (item->type == MenuItemType::Separator)
-            {
+        for (const auto& item : menu.items) {
+            if (item->type == MenuItemType::Separator) {
                 Line(level, L"separator");
                 continue;
             }
             const wchar_t* kind = item->type == MenuItemType::SubMenu ? L"submenu " : L"item ";
-            Line(level, kind + Quoted(item->label) + Field(L"macro", item->macro)
-                            + Field(L"help", item->help) + (item->enabled ? L"" : L" disabled")
-                            + (item->checked ? L" checked" : L""));
+            Line(level, kind + Quoted(item->label) + Field(L"macro", item->macro) +
+                            Field(L"help", item->help) + (item->enabled ? L"" : L" disabled") +
+                            (item->checked ? L" checked" : L""));
             if (item->subMenu)
                 PrintItems(*item->subMenu, level + 1);
         }
@@ -90,12 +91,10 @@ private:
 
     void PrintToolbar(const Toolbar& toolbar)
     {
-        Line(1, L"toolbar " + Quoted(toolbar.name) + (toolbar.visible ? L" visible " : L" hidden ")
-                    + NameOf(toolbar.dock) + Field(L"help", toolbar.help));
-        for (const auto& item : toolbar.items)
-        {
-            if (item->type == ToolbarItemType::Separator)
-            {
+        Line(1, L"toolbar " + Quoted(toolbar.name) + (toolbar.visible ? L" visible " : L" hidden ") +
+                    NameOf(toolbar.dock) + Field(L"help", toolbar.help));
+        for (const auto& item : toolbar.items) {
+            if (item->type == ToolbarItemType::Separator) {
                 Line(2, L"separator");
                 continue;
             }
@@ -113,7 +112,7 @@ private:
     std::wstring m_text;
 };
 
-}
+} // namespace
 
 std::wstring PrintModel(const HostModel& model)
 {
@@ -124,8 +123,7 @@ std::wstring VisibleText(const std::wstring& text)
 {
     std::wstring visible;
     visible.reserve(text.size());
-    for (wchar_t c : text)
-    {
+    for (wchar_t c : text) {
         if (c < 0x20)
             (visible += L'^') += static_cast<wchar_t>(c + 0x40);
         else if (c == L'^' || c == L'"')
@@ -138,4 +136,4 @@ std::wstring VisibleText(const std::wstring& text)
     return visible;
 }
 
-}
+} // namespace velmhost

@@ -32,4 +32,4 @@ std::wstring PrintModel(const HostModel& model);
 // with `^`, `"` and character 127 as ^^, ^" and ^?.
 std::wstring VisibleText(const std::wstring& text);
 
-}
+} // namespace velmhost

@@ -89,12 +89,13 @@ std::wstring ModuleFileName(HINSTANCE module)
     }
 }
 
-template <class Function> Function* FindExport(HINSTANCE module, const char* name)
+template <class Function>
+Function* FindExport(HINSTANCE module, const char* name)
 {
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(::GetProcAddress(module, name)));
 }
 
-}
+} // namespace
 
 CAddinLoader::~CAddinLoader()
 {
@@ -139,7 +140,8 @@ bool CAddinLoader::Load(const std::wstring& fileName, std::wstring& reason)
     if (called && result == 0)
         return true;
 
-    reason = called ? L"AddInStart returned " + std::to_wstring(result) + L"." : L"AddInStart failed: " + thrown;
+    reason =
+        called ? L"AddInStart returned " + std::to_wstring(result) + L"." : L"AddInStart failed: " + thrown;
     std::erase_if(m_addins, [&](const Addin& addin) { return addin.module == module; });
     AfxFreeLibrary(module);
     return false;
@@ -190,9 +192,9 @@ std::wstring FilePart(const std::wstring& name)
 std::wstring SystemErrorText(DWORD error)
 {
     wchar_t* buffer = nullptr;
-    const DWORD length = ::FormatMessageW(
-        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
-        reinterpret_cast<LPWSTR>(&buffer), 0, nullptr);
+    const DWORD length = ::FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM |
+                                              FORMAT_MESSAGE_IGNORE_INSERTS,
+                                          nullptr, error, 0, reinterpret_cast<LPWSTR>(&buffer), 0, nullptr);
     std::wstring text(buffer ? buffer : L"", length);
     ::LocalFree(buffer);
     while (!text.empty() && text.back() <= L' ')
@@ -200,4 +202,4 @@ std::wstring SystemErrorText(DWORD error)
     return text.empty() ? L"error " + std::to_wstring(error) : text;
 }
 
-}
+} // namespace velmhost

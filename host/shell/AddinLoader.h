@@ -16,19 +16,19 @@ namespace velmhost
 // text becomes part of the reason.
 class CAddinLoader
 {
-// Construction
+    // Construction
 public:
     CAddinLoader() = default;
     ~CAddinLoader();
     CAddinLoader(const CAddinLoader&) = delete;
     CAddinLoader& operator=(const CAddinLoader&) = delete;
 
-// Attributes
+    // Attributes
 public:
     // Full file names of the loaded add-ins in order of loading.
     std::vector<std::wstring> FileNames() const;
 
-// Operations
+    // Operations
 public:
     // Loads an add-in and starts it. A name that names a file is taken from there, and the libraries
     // that it needs are looked for beside it; another name is searched for as the platform does. Returns
@@ -42,7 +42,7 @@ public:
     // text each.
     std::vector<std::wstring> UnloadAll();
 
-// Implementation
+    // Implementation
 private:
     struct Addin
     {
@@ -60,4 +60,4 @@ std::wstring FilePart(const std::wstring& name);
 // The platform's sentence for an error code, without a line end; the number where it has none.
 std::wstring SystemErrorText(DWORD error);
 
-}
+} // namespace velmhost

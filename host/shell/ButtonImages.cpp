@@ -25,7 +25,10 @@ struct Raster
     int height = 0;
     std::vector<Pixel> pixels;
 
-    const Pixel& At(int x, int y) const { return pixels[static_cast<std::size_t>(y) * static_cast<UINT>(width) + static_cast<UINT>(x)]; }
+    const Pixel& At(int x, int y) const
+    {
+        return pixels[static_cast<std::size_t>(y) * static_cast<UINT>(width) + static_cast<UINT>(x)];
+    }
 };
 
 BITMAPINFO TopDownInfo(int width, int height)
@@ -47,7 +50,8 @@ std::optional<Raster> ReadBitmapFile(const std::wstring& fileName)
     UniqueBitmap bitmap(static_cast<HBITMAP>(
         ::LoadImageW(nullptr, fileName.c_str(), IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE | LR_CREATEDIBSECTION)));
     BITMAP facts{};
-    if (!bitmap || !::GetObjectW(bitmap.get(), sizeof facts, &facts) || facts.bmWidth <= 0 || facts.bmHeight <= 0)
+    if (!bitmap || !::GetObjectW(bitmap.get(), sizeof facts, &facts) || facts.bmWidth <= 0 ||
+        facts.bmHeight <= 0)
         return std::nullopt;
 
     Raster raster;
@@ -90,8 +94,8 @@ Pixel MeanPixel(const Raster& raster, int x, int y, int side)
     for (int sourceY = firstY; sourceY <= lastY; ++sourceY) {
         for (int sourceX = firstX; sourceX <= lastX; ++sourceX) {
             const Pixel& pixel = raster.At(sourceX, sourceY);
-            const double weight = Overlap(x, sourceX, raster.width, side) * Overlap(y, sourceY, raster.height, side)
-                                  * pixel.alpha / 255.0;
+            const double weight = Overlap(x, sourceX, raster.width, side) *
+                                  Overlap(y, sourceY, raster.height, side) * pixel.alpha / 255.0;
             blue += weight * pixel.blue;
             green += weight * pixel.green;
             red += weight * pixel.red;
@@ -100,8 +104,11 @@ Pixel MeanPixel(const Raster& raster, int x, int y, int side)
     }
     if (alpha <= 0)
         return Pixel{};
-    const auto channel = [&](double sum) { return static_cast<std::uint8_t>(std::min(255.0, sum / alpha + 0.5)); };
-    return Pixel{channel(blue), channel(green), channel(red), static_cast<std::uint8_t>(std::min(255.0, alpha * 255.0 + 0.5))};
+    const auto channel = [&](double sum) {
+        return static_cast<std::uint8_t>(std::min(255.0, sum / alpha + 0.5));
+    };
+    return Pixel{channel(blue), channel(green), channel(red),
+                 static_cast<std::uint8_t>(std::min(255.0, alpha * 255.0 + 0.5))};
 }
 
 Raster Scaled(const Raster& raster, int side)
@@ -125,7 +132,8 @@ UniqueBitmap MaskOf(const Raster& raster)
     for (int y = 0; y < raster.height; ++y) {
         for (int x = 0; x < raster.width; ++x) {
             if (raster.At(x, y).alpha == 0)
-                bits[static_cast<std::size_t>(y) * stride + static_cast<UINT>(x) / 8] |= static_cast<BYTE>(0x80 >> (x % 8));
+                bits[static_cast<std::size_t>(y) * stride + static_cast<UINT>(x) / 8] |=
+                    static_cast<BYTE>(0x80 >> (x % 8));
         }
     }
     return UniqueBitmap(::CreateBitmap(raster.width, raster.height, 1, 1, bits.data()));
@@ -142,7 +150,7 @@ UniqueBitmap ColoursOf(const Raster& raster)
     return bitmap;
 }
 
-}
+} // namespace
 
 CButtonImages::CButtonImages(int side)
     : m_side(side), m_list(::ImageList_Create(side, side, ILC_COLOR32 | ILC_MASK, 8, 8))
@@ -156,7 +164,8 @@ int CButtonImages::Add(const std::wstring& fileName)
         return I_IMAGENONE;
     if (raster->width != m_side || raster->height != m_side)
         raster = Scaled(*raster, m_side);
-    const bool blank = std::all_of(raster->pixels.begin(), raster->pixels.end(), [](const Pixel& pixel) { return pixel.alpha == 0; });
+    const bool blank = std::all_of(raster->pixels.begin(), raster->pixels.end(),
+                                   [](const Pixel& pixel) { return pixel.alpha == 0; });
     UniqueBitmap colours = ColoursOf(*raster);
     UniqueBitmap mask = MaskOf(*raster);
     if (blank || !colours || !mask)
@@ -165,4 +174,4 @@ int CButtonImages::Add(const std::wstring& fileName)
     return index < 0 ? I_IMAGENONE : index;
 }
 
-}
+} // namespace velmhost

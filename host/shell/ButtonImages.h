@@ -21,27 +21,27 @@ inline constexpr COLORREF kTransparentColour = RGB(192, 192, 192);
 // An image list that is filled from bitmap files.
 class CButtonImages
 {
-// Construction
+    // Construction
 public:
     // An empty list of pictures of `side` by `side` pixels.
     explicit CButtonImages(int side);
 
-// Attributes
+    // Attributes
 public:
     int Side() const { return m_side; }
     HIMAGELIST List() const { return m_list.get(); }
 
-// Operations
+    // Operations
 public:
     // Adds the picture of a bitmap file, scaled when it has another size, with kTransparentColour left
     // out. Returns its position; I_IMAGENONE, which draws nothing, when the file cannot be read as a
     // bitmap or holds nothing but that colour. Rests on LoadImage and ImageList_Add.
     int Add(const std::wstring& fileName);
 
-// Implementation
+    // Implementation
 private:
     int m_side;
     UniqueImageList m_list;
 };
 
-}
+} // namespace velmhost

@@ -29,10 +29,10 @@ CSize TextSize(HDC dc, HFONT font, const wchar_t* text)
     return size;
 }
 
-}
+} // namespace
 
 BEGIN_MESSAGE_MAP(CCommandEdit, CEdit)
-    ON_WM_CHAR()
+ON_WM_CHAR()
 END_MESSAGE_MAP()
 
 void CCommandEdit::OnChar(UINT nChar, UINT nRepCnt, UINT nFlags)
@@ -49,29 +49,33 @@ void CCommandEdit::OnChar(UINT nChar, UINT nRepCnt, UINT nFlags)
 }
 
 BEGIN_MESSAGE_MAP(CCommandPane, CWnd)
-    ON_WM_SIZE()
-    ON_WM_PAINT()
-    ON_WM_SETFOCUS()
-    ON_MESSAGE(WM_CTLCOLORSTATIC, &CCommandPane::OnCtlColorMessage)
-    ON_MESSAGE(WM_CTLCOLOREDIT, &CCommandPane::OnCtlColorMessage)
+ON_WM_SIZE()
+ON_WM_PAINT()
+ON_WM_SETFOCUS()
+ON_MESSAGE(WM_CTLCOLORSTATIC, &CCommandPane::OnCtlColorMessage)
+ON_MESSAGE(WM_CTLCOLOREDIT, &CCommandPane::OnCtlColorMessage)
 END_MESSAGE_MAP()
 
 BOOL CCommandPane::Create(CWnd& parent, UINT id)
 {
     const wchar_t* windowClass =
         AfxRegisterWndClass(0, ::LoadCursorW(nullptr, IDC_ARROW), reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1));
-    if (!CWnd::Create(windowClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, CRect(0, 0, 0, 0), &parent, id))
+    if (!CWnd::Create(windowClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, CRect(0, 0, 0, 0), &parent,
+                      id))
         return FALSE;
-    m_font.reset(::CreateFontW(-12, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                               CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN, L"Courier New"));
+    m_font.reset(::CreateFontW(-12, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+                               OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                               FIXED_PITCH | FF_MODERN, L"Courier New"));
     {
         WindowDc dc(m_hWnd);
         m_lineHeight = TextSize(dc, m_font.get(), kPrompt).cy + 4;
     }
-    m_history = ::CreateWindowExW(0, L"EDIT", L"",
-                                  WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL, 0, 0, 0, 0,
-                                  m_hWnd, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(kHistoryId)), AfxGetInstanceHandle(), nullptr);
-    if (!m_history || !m_edit.Create(WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL, CRect(0, 0, 0, 0), this, kEditId))
+    m_history = ::CreateWindowExW(
+        0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL, 0,
+        0, 0, 0, m_hWnd, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(kHistoryId)), AfxGetInstanceHandle(),
+        nullptr);
+    if (!m_history ||
+        !m_edit.Create(WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL, CRect(0, 0, 0, 0), this, kEditId))
         return FALSE;
     for (const HWND edit : {m_history, m_edit.m_hWnd}) {
         ::SendMessageW(edit, WM_SETFONT, reinterpret_cast<WPARAM>(m_font.get()), FALSE);
@@ -108,7 +112,8 @@ void CCommandPane::OnSize(UINT, int cx, int cy)
     if (!m_edit.m_hWnd)
         return;
     const CRect prompt = PromptRect();
-    ::MoveWindow(m_history, kMargin, kMargin, std::max(0, cx - kMargin), std::max<int>(0, prompt.top - 2 * kMargin), TRUE);
+    ::MoveWindow(m_history, kMargin, kMargin, std::max(0, cx - kMargin),
+                 std::max<int>(0, prompt.top - 2 * kMargin), TRUE);
     ::MoveWindow(m_edit.m_hWnd, prompt.right, prompt.top + 2, std::max<int>(0, cx - prompt.right - kMargin),
                  std::max<int>(0, cy - prompt.top - 3), TRUE);
     Invalidate();
@@ -155,4 +160,4 @@ CRect CCommandPane::PromptRect() const
     return CRect(0, std::max<int>(0, client.bottom - m_lineHeight), kMargin + width + kMargin, client.bottom);
 }
 
-}
+} // namespace velmhost

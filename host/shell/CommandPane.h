@@ -15,12 +15,12 @@ namespace velmhost
 // The edit box of the command line. Enter hands its text on, Escape empties it.
 class CCommandEdit : public CEdit
 {
-// Construction
+    // Construction
 public:
     // `entered` is called with the text at Enter, and must live as long as this.
     explicit CCommandEdit(std::function<void(const std::wstring&)> entered) : m_entered(std::move(entered)) {}
 
-// Implementation
+    // Implementation
 protected:
     afx_msg void OnChar(UINT nChar, UINT nRepCnt, UINT nFlags);
     DECLARE_MESSAGE_MAP()
@@ -32,7 +32,7 @@ private:
 // History (read only) above prompt and edit box.
 class CCommandPane : public CWnd
 {
-// Construction
+    // Construction
 public:
     static constexpr int kHeight = 112; // in pixels
     static constexpr int kMaxLines = 400;
@@ -42,19 +42,19 @@ public:
 
     BOOL Create(CWnd& parent, UINT id);
 
-// Attributes
+    // Attributes
 public:
     // The whole of the history, lines ended by CR LF.
     std::wstring HistoryText() const;
     HWND EditControl() const { return m_edit.m_hWnd; }
     HWND HistoryControl() const { return m_history; }
 
-// Operations
+    // Operations
 public:
     // Adds a line to the history and shows it; of more than kMaxLines the oldest go.
     void AddLine(const std::wstring& line);
 
-// Implementation
+    // Implementation
 protected:
     afx_msg void OnSize(UINT nType, int cx, int cy);
     afx_msg void OnPaint();
@@ -72,4 +72,4 @@ private:
     int m_lineHeight = 0;
 };
 
-}
+} // namespace velmhost

@@ -53,4 +53,4 @@ std::vector<std::wstring> SplitLabelPath(const std::wstring& path)
     return labels;
 }
 
-}
+} // namespace velmhost

@@ -23,4 +23,4 @@ bool LabelAnswersTo(const std::wstring& label, const std::wstring& name);
 // A path of labels: split at each bar; a doubled bar stands for one in a label. Never empty.
 std::vector<std::wstring> SplitLabelPath(const std::wstring& path);
 
-}
+} // namespace velmhost

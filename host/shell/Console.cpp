@@ -33,12 +33,15 @@ void Print(DWORD which, const std::wstring& text)
         return;
     }
     const int length = static_cast<int>(text.size());
-    std::string bytes(static_cast<std::size_t>(::WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr)), '\0');
-    ::WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr);
+    std::string bytes(static_cast<std::size_t>(::WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr,
+                                                                     0, nullptr, nullptr)),
+                      '\0');
+    ::WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(), static_cast<int>(bytes.size()),
+                          nullptr, nullptr);
     ::WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
 }
 
-}
+} // namespace
 
 void PrintOutput(const std::wstring& text)
 {
@@ -50,4 +53,4 @@ void PrintError(const std::wstring& text)
     Print(STD_ERROR_HANDLE, text);
 }
 
-}
+} // namespace velmhost

@@ -6,10 +6,10 @@ namespace velmhost
 namespace
 {
 
-constexpr int kGrid = 20;         // pixels between grid lines
-constexpr int kMajor = 5;         // every so many grid lines one is stronger
-constexpr int kPickBox = 5;       // half the side of the box where the cross-hairs meet
-constexpr int kAxis = 44;         // length of the axes' mark
+constexpr int kGrid = 20;   // pixels between grid lines
+constexpr int kMajor = 5;   // every so many grid lines one is stronger
+constexpr int kPickBox = 5; // half the side of the box where the cross-hairs meet
+constexpr int kAxis = 44;   // length of the axes' mark
 
 constexpr COLORREF kSheet = RGB(33, 40, 48);
 constexpr COLORREF kMinorLine = RGB(41, 49, 58);
@@ -32,16 +32,16 @@ void Label(HDC dc, int x, int y, COLORREF colour, const wchar_t* text)
     ::TextOutW(dc, x, y, text, ::lstrlenW(text));
 }
 
-}
+} // namespace
 
 BEGIN_MESSAGE_MAP(CDrawingArea, CWnd)
-    ON_WM_PAINT()
-    ON_WM_ERASEBKGND()
-    ON_WM_SIZE()
-    ON_WM_MOUSEMOVE()
-    ON_WM_LBUTTONDOWN()
-    ON_WM_RBUTTONUP()
-    ON_MESSAGE(WM_MOUSELEAVE, &CDrawingArea::OnMouseLeaveMessage)
+ON_WM_PAINT()
+ON_WM_ERASEBKGND()
+ON_WM_SIZE()
+ON_WM_MOUSEMOVE()
+ON_WM_LBUTTONDOWN()
+ON_WM_RBUTTONUP()
+ON_MESSAGE(WM_MOUSELEAVE, &CDrawingArea::OnMouseLeaveMessage)
 END_MESSAGE_MAP()
 
 BOOL CDrawingArea::Create(CWnd& parent, UINT id)
@@ -68,8 +68,8 @@ void CDrawingArea::OnPaint()
     if (m_mouseInside)
         DrawCrossHairs(memory.get(), client);
     const RECT& dirty = paint.m_ps.rcPaint;
-    ::BitBlt(paint.m_hDC, dirty.left, dirty.top, dirty.right - dirty.left, dirty.bottom - dirty.top, memory.get(), dirty.left,
-             dirty.top, SRCCOPY);
+    ::BitBlt(paint.m_hDC, dirty.left, dirty.top, dirty.right - dirty.left, dirty.bottom - dirty.top,
+             memory.get(), dirty.left, dirty.top, SRCCOPY);
 }
 
 // Lines are counted from the lower left corner, where the axes meet.
@@ -176,4 +176,4 @@ void CDrawingArea::OnRButtonUp(UINT, CPoint point)
     m_events.menuWanted(point);
 }
 
-}
+} // namespace velmhost

@@ -13,7 +13,7 @@ namespace velmhost
 // A dark canvas with a grid, the axes' mark in the lower left corner, and cross-hairs that follow the mouse.
 class CDrawingArea : public CWnd
 {
-// Construction
+    // Construction
 public:
     // Callbacks: the point below the mouse, in pixels from the lower left corner; a click, which gives the
     // command line the focus back; a right click, at a point of the screen.
@@ -27,7 +27,7 @@ public:
 
     BOOL Create(CWnd& parent, UINT id);
 
-// Implementation
+    // Implementation
 protected:
     afx_msg void OnPaint();
     afx_msg BOOL OnEraseBkgnd(CDC* pDC);
@@ -49,4 +49,4 @@ private:
     bool m_mouseInside = false;
 };
 
-}
+} // namespace velmhost

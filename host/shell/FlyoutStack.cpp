@@ -39,7 +39,7 @@ bool IsInside(const CToolbarPane& pane, HWND window)
     return pane.m_hWnd == window || ::IsChild(pane.m_hWnd, window);
 }
 
-}
+} // namespace
 
 CFlyoutStack::CFlyoutStack(CWnd& frame, const HostModel& model, ToolbarPaneSite& site,
                            std::function<CToolbarPane*(ElementId)> findPane)
@@ -73,14 +73,15 @@ CToolbarPane* CFlyoutStack::Find(ElementId toolbar) const
 void CFlyoutStack::Toggle(CToolbarPane& from, ElementId item)
 {
     const std::size_t level = LevelAfter(from);
-    const bool wasOpen = level < m_levels.size() && m_levels[level].opener == item
-                         && m_levels[level].openerToolbar == from.ToolbarId();
+    const bool wasOpen = level < m_levels.size() && m_levels[level].opener == item &&
+                         m_levels[level].openerToolbar == from.ToolbarId();
     CloseFrom(level);
     const ToolbarItem* button = m_model.FindToolbarItem(item);
     if (wasOpen || !button || !button->flyout)
         return;
 
-    auto pane = std::make_unique<CToolbarPane>(CToolbarPane::Kind::Flyout, button->flyout->id, m_model, m_site);
+    auto pane =
+        std::make_unique<CToolbarPane>(CToolbarPane::Kind::Flyout, button->flyout->id, m_model, m_site);
     if (!pane->Create(m_frame))
         return;
     pane->Refresh(WorkAreaAt(from.ButtonRect(from.PositionOf(item))).Width() / 2);
@@ -153,8 +154,8 @@ bool CFlyoutStack::IsStillOpenable(std::size_t level) const
 {
     const ToolbarItem* button = m_model.FindToolbarItem(m_levels[level].opener);
     const CToolbarPane* from = OpenerPane(level);
-    return button && button->flyout && button->flyout->id == m_levels[level].pane->ToolbarId() && from
-           && from->PositionOf(button->id) >= 0;
+    return button && button->flyout && button->flyout->id == m_levels[level].pane->ToolbarId() && from &&
+           from->PositionOf(button->id) >= 0;
 }
 
 void CFlyoutStack::Place(CToolbarPane& pane, const CToolbarPane& from, ElementId item) const
@@ -172,8 +173,8 @@ void CFlyoutStack::Place(CToolbarPane& pane, const CToolbarPane& from, ElementId
     ::SetWindowPos(pane.m_hWnd, HWND_TOP, at.x, at.y, size.cx, size.cy, SWP_NOACTIVATE | SWP_SHOWWINDOW);
 }
 
-// A click on the button from which a fly-out came closes it too, but through Toggle, which would open it again
-// if it were closed here.
+// A click on the button from which a fly-out came closes it too, but through Toggle, which would open it
+// again if it were closed here.
 void CFlyoutStack::CloseOutside(const MSG& message)
 {
     std::size_t keep = 0;
@@ -184,10 +185,10 @@ void CFlyoutStack::CloseOutside(const MSG& message)
     if (keep == m_levels.size())
         return;
     const CToolbarPane* opener = OpenerPane(keep);
-    if (opener && opener->Control() == message.hwnd
-        && opener->ItemAt(opener->ButtonAt(message.pt)) == m_levels[keep].opener)
+    if (opener && opener->Control() == message.hwnd &&
+        opener->ItemAt(opener->ButtonAt(message.pt)) == m_levels[keep].opener)
         return;
     CloseFrom(keep);
 }
 
-}
+} // namespace velmhost

@@ -12,29 +12,29 @@
 namespace velmhost
 {
 
-// Fly-outs open one out of the other: the first from a button of a toolbar, each further one from a button of the
-// one before. Closing one closes those that came out of it.
+// Fly-outs open one out of the other: the first from a button of a toolbar, each further one from a button of
+// the one before. Closing one closes those that came out of it.
 class CFlyoutStack
 {
-// Construction
+    // Construction
 public:
     // `frame` owns the pop-ups. `findPane` leads to the pane of a toolbar that is docked or floats, null when
     // there is none. All arguments must live longer than this.
     CFlyoutStack(CWnd& frame, const HostModel& model, ToolbarPaneSite& site,
                  std::function<CToolbarPane*(ElementId)> findPane);
 
-// Attributes
+    // Attributes
 public:
     bool IsEmpty() const { return m_levels.empty(); }
     std::size_t Count() const { return m_levels.size(); }
     // An open fly-out, 0 being the first opened; null beyond the last.
     CToolbarPane* At(std::size_t level) const;
-    // The open fly-out with this window or toolbar; null when there is none. Of two with the same toolbar, the
-    // one opened last.
+    // The open fly-out with this window or toolbar; null when there is none. Of two with the same toolbar,
+    // the one opened last.
     CToolbarPane* Find(HWND window) const;
     CToolbarPane* Find(ElementId toolbar) const;
 
-// Operations
+    // Operations
 public:
     // Opens the fly-out of `item`, a fly-out button of `from`, beneath the button; closes it if it is open.
     // Does nothing when the button has no toolbar.
@@ -48,7 +48,7 @@ public:
     // done with), a click outside closes those that it is outside of.
     bool FilterMessage(const MSG& message);
 
-// Implementation
+    // Implementation
 private:
     struct Level
     {
@@ -70,4 +70,4 @@ private:
     std::vector<Level> m_levels;
 };
 
-}
+} // namespace velmhost

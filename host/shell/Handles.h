@@ -66,4 +66,4 @@ private:
     HGDIOBJ m_previous;
 };
 
-}
+} // namespace velmhost

@@ -23,7 +23,8 @@ std::vector<std::wstring> ProgramArguments()
 {
     std::vector<std::wstring> arguments;
     int count = 0;
-    const std::unique_ptr<LPWSTR, decltype(&::LocalFree)> list(::CommandLineToArgvW(::GetCommandLineW(), &count), &::LocalFree);
+    const std::unique_ptr<LPWSTR, decltype(&::LocalFree)> list(
+        ::CommandLineToArgvW(::GetCommandLineW(), &count), &::LocalFree);
     for (int i = 1; list && i < count; ++i)
         arguments.emplace_back(list.get()[i]);
     return arguments;
@@ -32,19 +33,24 @@ std::vector<std::wstring> ProgramArguments()
 // The answer that Enter gives to a message box.
 int DefaultAnswer(UINT type)
 {
-    static const int kAnswers[][3] = {{IDOK, IDOK, IDOK},          {IDOK, IDCANCEL, IDOK},   {IDABORT, IDRETRY, IDIGNORE},
-                                      {IDYES, IDNO, IDCANCEL},     {IDYES, IDNO, IDYES},     {IDRETRY, IDCANCEL, IDRETRY},
+    static const int kAnswers[][3] = {{IDOK, IDOK, IDOK},
+                                      {IDOK, IDCANCEL, IDOK},
+                                      {IDABORT, IDRETRY, IDIGNORE},
+                                      {IDYES, IDNO, IDCANCEL},
+                                      {IDYES, IDNO, IDYES},
+                                      {IDRETRY, IDCANCEL, IDRETRY},
                                       {IDCANCEL, IDTRYAGAIN, IDCONTINUE}};
     const UINT buttons = type & MB_TYPEMASK;
     const UINT focus = (type & MB_DEFMASK) >> 8;
     return buttons < std::size(kAnswers) && focus < 3 ? kAnswers[buttons][focus] : IDOK;
 }
 
-}
+} // namespace
 
 CHostApp::CHostApp()
-    : m_services(*this), m_steps([this](const std::wstring& step, const std::wstring& reason) { OnStepFailed(step, reason); },
-                                 [this] { OnStepsFinished(); })
+    : m_services(*this),
+      m_steps([this](const std::wstring& step, const std::wstring& reason) { OnStepFailed(step, reason); },
+              [this] { OnStepsFinished(); })
 {
 }
 
@@ -102,7 +108,9 @@ void CHostApp::MakeBaseMenu()
     if (!model.MenuBar().empty() || model.Groups().empty())
         return;
     const ElementId menu = model.AddMenu(model.Groups().front()->id, L"&File").id;
-    if (const MenuItem* exit = model.AddMenuItem(menu, kAtEnd, L"E&xit", L"\x03\x03" L"QUIT "))
+    if (const MenuItem* exit = model.AddMenuItem(menu, kAtEnd, L"E&xit",
+                                                 L"\x03\x03"
+                                                 L"QUIT "))
         model.SetMenuItemHelp(exit->id, L"Closes the host");
     model.InsertInMenuBar(menu, kAtEnd);
 }
@@ -200,7 +208,8 @@ bool CHostApp::RunWithoutShell()
     }
     if (!m_options.registerServer && !m_options.unregisterServer)
         return false;
-    const HRESULT result = m_options.registerServer ? RegisterHostClass(HostProgramFile()) : UnregisterHostClass();
+    const HRESULT result =
+        m_options.registerServer ? RegisterHostClass(HostProgramFile()) : UnregisterHostClass();
     if (FAILED(result))
         Fail(kBadUse, SystemErrorText(static_cast<DWORD>(result)));
     return true;
@@ -290,4 +299,4 @@ void CHostApp::PrintHistoryOnce()
     m_historyPrinted = true;
 }
 
-}
+} // namespace velmhost

@@ -41,27 +41,28 @@ CRect StartRect(int width, int height)
     const int workHeight = work.bottom - work.top;
     const CSize size(width > 0 ? width : std::min(kDefaultWidth, workWidth),
                      height > 0 ? height : std::min(kDefaultHeight, workHeight));
-    const CPoint at(work.left + std::max<int>(0, workWidth - size.cx) / 2, work.top + std::max<int>(0, workHeight - size.cy) / 2);
+    const CPoint at(work.left + std::max<int>(0, workWidth - size.cx) / 2,
+                    work.top + std::max<int>(0, workHeight - size.cy) / 2);
     return CRect(at, size);
 }
 
-}
+} // namespace
 
 BEGIN_MESSAGE_MAP(CHostFrame, CFrameWnd)
-    ON_WM_CLOSE()
-    ON_WM_DESTROY()
-    ON_WM_SIZE()
-    ON_WM_MOVE()
-    ON_WM_SETFOCUS()
-    ON_WM_TIMER()
-    ON_WM_GETMINMAXINFO()
-    ON_WM_MENUSELECT()
-    ON_MESSAGE(WM_ACTIVATEAPP, &CHostFrame::OnActivateAppMessage)
-    ON_MESSAGE(WM_WINDOWPOSCHANGED, &CHostFrame::OnWindowPosChangedMessage)
-    ON_MESSAGE(WM_ENTERMENULOOP, &CHostFrame::OnEnterMenuLoopMessage)
-    ON_MESSAGE(WM_EXITMENULOOP, &CHostFrame::OnExitMenuLoopMessage)
-    ON_MESSAGE(WM_ACTIVATE, &CHostFrame::OnActivateMessage)
-    ON_MESSAGE(kToolbarButtonMessage, &CHostFrame::OnToolbarButtonMessage)
+ON_WM_CLOSE()
+ON_WM_DESTROY()
+ON_WM_SIZE()
+ON_WM_MOVE()
+ON_WM_SETFOCUS()
+ON_WM_TIMER()
+ON_WM_GETMINMAXINFO()
+ON_WM_MENUSELECT()
+ON_MESSAGE(WM_ACTIVATEAPP, &CHostFrame::OnActivateAppMessage)
+ON_MESSAGE(WM_WINDOWPOSCHANGED, &CHostFrame::OnWindowPosChangedMessage)
+ON_MESSAGE(WM_ENTERMENULOOP, &CHostFrame::OnEnterMenuLoopMessage)
+ON_MESSAGE(WM_EXITMENULOOP, &CHostFrame::OnExitMenuLoopMessage)
+ON_MESSAGE(WM_ACTIVATE, &CHostFrame::OnActivateMessage)
+ON_MESSAGE(kToolbarButtonMessage, &CHostFrame::OnToolbarButtonMessage)
 END_MESSAGE_MAP()
 
 CHostFrame::CHostFrame(HostModel& model, HostFrameSite& site)
@@ -82,8 +83,8 @@ CHostFrame::~CHostFrame()
 
 BOOL CHostFrame::CreateShell(int width, int height)
 {
-    const wchar_t* windowClass =
-        AfxRegisterWndClass(0, ::LoadCursorW(nullptr, IDC_ARROW), reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1), HostIcon());
+    const wchar_t* windowClass = AfxRegisterWndClass(0, ::LoadCursorW(nullptr, IDC_ARROW),
+                                                     reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1), HostIcon());
     const std::wstring title = std::wstring(kHostName) + L" " + kHostVersion;
     if (!Create(windowClass, title.c_str(), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, StartRect(width, height)))
         return FALSE;
@@ -101,10 +102,11 @@ BOOL CHostFrame::CreateShell(int width, int height)
 
 BOOL CHostFrame::CreateParts()
 {
-    m_statusBar = ::CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP | CCS_BOTTOM, 0, 0, 0, 0,
-                                    m_hWnd, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(kStatusBarId)),
-                                    AfxGetInstanceHandle(), nullptr);
-    return m_statusBar && m_drawingArea.Create(*this, kDrawingAreaId) && m_commandPane.Create(*this, kCommandPaneId);
+    m_statusBar = ::CreateWindowExW(
+        0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP | CCS_BOTTOM, 0, 0, 0, 0, m_hWnd,
+        reinterpret_cast<HMENU>(static_cast<UINT_PTR>(kStatusBarId)), AfxGetInstanceHandle(), nullptr);
+    return m_statusBar && m_drawingArea.Create(*this, kDrawingAreaId) &&
+           m_commandPane.Create(*this, kCommandPaneId);
 }
 
 std::wstring CHostFrame::StatusText() const
@@ -255,8 +257,9 @@ LRESULT CHostFrame::OnWindowPosChangedMessage(WPARAM, LPARAM lParam)
     return result;
 }
 
-// A window that becomes active comes to the front of the screen. A desktop without a window manager does so some
-// milliseconds later, and leaves behind what the window owns, which is therefore brought to the front again.
+// A window that becomes active comes to the front of the screen. A desktop without a window manager does so
+// some milliseconds later, and leaves behind what the window owns, which is therefore brought to the front
+// again.
 LRESULT CHostFrame::OnActivateMessage(WPARAM wParam, LPARAM)
 {
     if (LOWORD(wParam) != WA_INACTIVE)
@@ -359,13 +362,15 @@ void CHostFrame::ArrangeParts()
     if (area.IsRectEmpty())
         return;
     ::SendMessageW(m_statusBar, WM_SIZE, 0, 0);
-    const int parts[] = {std::max<int>(0, area.right - kPositionWidth - ::GetSystemMetrics(SM_CXVSCROLL)), -1};
+    const int parts[] = {std::max<int>(0, area.right - kPositionWidth - ::GetSystemMetrics(SM_CXVSCROLL)),
+                         -1};
     ::SendMessageW(m_statusBar, SB_SETPARTS, 2, reinterpret_cast<LPARAM>(parts));
     CRect status;
     ::GetWindowRect(m_statusBar, &status);
     area.bottom -= status.Height();
 
-    const CRect command(area.left, std::max(area.top, area.bottom - CCommandPane::kHeight), area.right, area.bottom);
+    const CRect command(area.left, std::max(area.top, area.bottom - CCommandPane::kHeight), area.right,
+                        area.bottom);
     area.bottom = command.top;
     m_commandPane.MoveWindow(&command);
     const CRect canvas = m_toolbars.Arrange(area);
@@ -406,4 +411,4 @@ void CHostFrame::ShowShortcutMenu(CPoint at)
     }
 }
 
-}
+} // namespace velmhost

@@ -30,25 +30,25 @@ protected:
     ~HostFrameSite() = default;
 };
 
-// Shows a model: its bar as the window's menu, its toolbars around a drawing area, a command line that shows what
-// items and buttons send, and a status bar with their help.
+// Shows a model: its bar as the window's menu, its toolbars around a drawing area, a command line that shows
+// what items and buttons send, and a status bar with their help.
 //
-// Changes of the model are shown a few milliseconds later, many of them at once; a menu that is open stays as it is
-// until it closes. What was removed from the model while it was still on show does nothing when clicked.
-// A frame is made with new and deletes itself when its window is destroyed.
+// Changes of the model are shown a few milliseconds later, many of them at once; a menu that is open stays as
+// it is until it closes. What was removed from the model while it was still on show does nothing when
+// clicked. A frame is made with new and deletes itself when its window is destroyed.
 class CHostFrame : public CFrameWnd, private HostModelObserver, private ToolbarAreaSite
 {
-// Construction
+    // Construction
 public:
     // `model` and `site` must live longer than the window.
     CHostFrame(HostModel& model, HostFrameSite& site);
     ~CHostFrame() override;
 
-    // Creates the window, hidden, in the middle of the screen. A width or height of 0 leaves the size to the host.
-    // FALSE when the platform refuses; the object is gone then.
+    // Creates the window, hidden, in the middle of the screen. A width or height of 0 leaves the size to the
+    // host. FALSE when the platform refuses; the object is gone then.
     BOOL CreateShell(int width, int height);
 
-// Attributes
+    // Attributes
 public:
     const CMenuMirror& Menus() const { return m_menus; }
     CToolbarArea& Toolbars() { return m_toolbars; }
@@ -68,17 +68,17 @@ public:
     // The part of the screen that the window and all that belongs to it take.
     CRect ScreenArea() const;
 
-// Operations
+    // Operations
 public:
     // Shows all changes of the model now (those of an open menu when it closes).
     void ShowChanges();
-    // Does with a text what the command line does: it is echoed and handed on. QUIT and EXIT close the window.
-    // An empty text, that of an item without a macro, is not sent.
+    // Does with a text what the command line does: it is echoed and handed on. QUIT and EXIT close the
+    // window. An empty text, that of an item without a macro, is not sent.
     void SendToCommandLine(const std::wstring& text);
     // Adds a line to the history that no command is.
     void AddRemark(const std::wstring& text) { m_commandPane.AddLine(text); }
 
-// Overridables
+    // Overridables
 public:
     BOOL PreTranslateMessage(MSG* pMsg) override;
 
@@ -86,7 +86,7 @@ protected:
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
     void PostNcDestroy() override;
 
-// Implementation
+    // Implementation
 protected:
     afx_msg void OnClose();
     afx_msg void OnDestroy();
@@ -136,4 +136,4 @@ private:
     unsigned m_buttonsDone = 0;
 };
 
-}
+} // namespace velmhost

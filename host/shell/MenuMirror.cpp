@@ -60,8 +60,8 @@ HMENU CMenuMirror::BuildPopup(const Menu& menu)
     return popup;
 }
 
-// A sub-menu is filled when it is in its place already: the platform refuses to put a menu of more than some thirty
-// levels into another one, but lets one grow there.
+// A sub-menu is filled when it is in its place already: the platform refuses to put a menu of more than some
+// thirty levels into another one, but lets one grow there.
 void CMenuMirror::Fill(HMENU popup, const Menu& menu)
 {
     for (const auto& item : menu.items)
@@ -81,7 +81,8 @@ void CMenuMirror::AppendItem(HMENU popup, const MenuItem& item)
         info.fMask |= MIIM_STRING | MIIM_STATE | MIIM_ID;
         info.dwTypeData = label.data();
         info.wID = CommandFor(item.id);
-        info.fState = (item.enabled && info.wID ? MFS_ENABLED : MFS_DISABLED) | (item.checked ? MFS_CHECKED : MFS_UNCHECKED);
+        info.fState = (item.enabled && info.wID ? MFS_ENABLED : MFS_DISABLED) |
+                      (item.checked ? MFS_CHECKED : MFS_UNCHECKED);
         if (item.subMenu) {
             info.fMask |= MIIM_SUBMENU;
             info.hSubMenu = ::CreatePopupMenu();
@@ -107,4 +108,4 @@ UINT CMenuMirror::CommandFor(ElementId item)
     return 0;
 }
 
-}
+} // namespace velmhost

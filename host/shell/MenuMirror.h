@@ -18,7 +18,7 @@ namespace velmhost
 // under way is never taken for another item's. Items beyond the range are shown, but disabled.
 class CMenuMirror
 {
-// Construction
+    // Construction
 public:
     static constexpr UINT kFirstCommand = 0x1000;
     static constexpr UINT kLastCommand = 0xEFFF;
@@ -26,7 +26,7 @@ public:
     // `model` must live longer than this.
     explicit CMenuMirror(const HostModel& model) : m_model(model) {}
 
-// Attributes
+    // Attributes
 public:
     // The item with a command id; null when the id is none of ours or its item is gone.
     const MenuItem* FindItem(UINT command) const;
@@ -36,7 +36,7 @@ public:
     // The ElementId of the entry at a position of a menu built here; 0 when there is none.
     static ElementId EntryAt(HMENU menu, int position);
 
-// Operations
+    // Operations
 public:
     // Builds a new bar of the present model. The caller owns it; once set as a window's menu, the window
     // does. Rests on CreateMenu and InsertMenuItem.
@@ -44,7 +44,7 @@ public:
     // Builds a pop-up menu of one menu of the model, with the ids that its items have. The caller owns it.
     HMENU BuildPopup(const Menu& menu);
 
-// Implementation
+    // Implementation
 private:
     UINT CommandFor(ElementId item);
     void Fill(HMENU popup, const Menu& menu);
@@ -59,4 +59,4 @@ private:
 // What a menu shows for a label or name: mnemonic marks stay, embedded expressions go.
 std::wstring MenuLabel(const std::wstring& label);
 
-}
+} // namespace velmhost

@@ -17,9 +17,10 @@ HWND FindPopupWindow(HMENU menu)
 {
     const DWORD thread = ::GetCurrentThreadId();
     for (HWND window = ::FindWindowExW(nullptr, nullptr, L"#32768", nullptr); window;
-         window = ::FindWindowExW(nullptr, window, L"#32768", nullptr)) {
-        if (::GetWindowThreadProcessId(window, nullptr) == thread && ::IsWindowVisible(window)
-            && reinterpret_cast<HMENU>(::SendMessageW(window, MN_GETHMENU, 0, 0)) == menu)
+         window = ::FindWindowExW(nullptr, window, L"#32768", nullptr))
+    {
+        if (::GetWindowThreadProcessId(window, nullptr) == thread && ::IsWindowVisible(window) &&
+            reinterpret_cast<HMENU>(::SendMessageW(window, MN_GETHMENU, 0, 0)) == menu)
             return window;
     }
     return nullptr;
@@ -68,7 +69,13 @@ public:
     }
 
 private:
-    enum class Phase { Begin, Act, WaitOpen, WaitClosed };
+    enum class Phase
+    {
+        Begin,
+        Act,
+        WaitOpen,
+        WaitClosed
+    };
 
     Progress Begin()
     {
@@ -90,7 +97,9 @@ private:
     {
         const HostModel& model = m_frame.Model();
         const auto& bar = model.MenuBar();
-        const auto onBar = std::find_if(bar.begin(), bar.end(), [&](const Menu* menu) { return LabelAnswersTo(menu->name, m_labels[0]); });
+        const auto onBar = std::find_if(bar.begin(), bar.end(), [&](const Menu* menu) {
+            return LabelAnswersTo(menu->name, m_labels[0]);
+        });
         if (onBar == bar.end()) {
             Fail(L"there is no menu \"" + m_labels[0] + L"\" on the bar");
             return false;
@@ -111,7 +120,8 @@ private:
             menu = item->subMenu.get();
         }
         if (m_press == (menu != nullptr)) {
-            Fail(L"\"" + m_labels.back() + (m_press ? L"\" is a menu, not an item" : L"\" is an item, not a menu"));
+            Fail(L"\"" + m_labels.back() +
+                 (m_press ? L"\" is a menu, not an item" : L"\" is an item, not a menu"));
             return false;
         }
         return true;
@@ -133,7 +143,8 @@ private:
         const int position = m_positions[m_level];
         CRect rect;
         const HWND popup = m_level == 0 ? nullptr : FindPopupWindow(m_menu);
-        if (!::GetMenuItemRect(m_level == 0 ? m_frame.m_hWnd : nullptr, m_menu, static_cast<UINT>(position), &rect))
+        if (!::GetMenuItemRect(m_level == 0 ? m_frame.m_hWnd : nullptr, m_menu, static_cast<UINT>(position),
+                               &rect))
             return Fail(L"\"" + m_labels[m_level] + L"\" has no place on the screen");
         if (popup && !IsVisibleIn(popup, rect)) {
             if (!MoveSelectionTo(position))
@@ -195,11 +206,11 @@ private:
     HMENU m_menu = nullptr;
 };
 
-}
+} // namespace
 
 std::unique_ptr<StepAction> MakeMenuStep(CHostFrame& frame, const std::wstring& path, bool press)
 {
     return std::make_unique<MenuStep>(frame, path, press);
 }
 
-}
+} // namespace velmhost

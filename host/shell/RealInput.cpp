@@ -38,7 +38,7 @@ bool IsExtended(WORD virtualKey)
     return virtualKey >= VK_PRIOR && virtualKey <= VK_DOWN;
 }
 
-}
+} // namespace
 
 void MovePointer(CPoint at)
 {
@@ -75,4 +75,4 @@ void TypeCharacters(const std::wstring& text)
     Send(inputs);
 }
 
-}
+} // namespace velmhost

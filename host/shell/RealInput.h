@@ -1,7 +1,7 @@
 // Mouse and keyboard input as a user's hand makes it.
 //
-// All input goes through the system's own queue: it arrives at whatever window is below the pointer, or has the
-// focus, once messages are dispatched. Rests on SetCursorPos and SendInput.
+// All input goes through the system's own queue: it arrives at whatever window is below the pointer, or has
+// the focus, once messages are dispatched. Rests on SetCursorPos and SendInput.
 #pragma once
 
 #include <afxwin.h>
@@ -20,4 +20,4 @@ void PressKey(WORD virtualKey, int times = 1);
 // Types characters, whatever keys the keyboard has.
 void TypeCharacters(const std::wstring& text);
 
-}
+} // namespace velmhost

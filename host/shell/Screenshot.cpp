@@ -38,8 +38,8 @@ BITMAPINFOHEADER HeaderOf(const Picture& picture, bool bottomUp)
     return header;
 }
 
-// Draws the windows of this process, from the lowest to the highest, as they stand on a screen that cannot be read as a
-// whole: one that nobody sees.
+// Draws the windows of this process, from the lowest to the highest, as they stand on a screen that cannot be
+// read as a whole: one that nobody sees.
 void DrawWindows(HDC dc, const RECT& area)
 {
     std::vector<HWND> windows;
@@ -53,8 +53,8 @@ void DrawWindows(HDC dc, const RECT& area)
         RECT rect{};
         ::GetWindowRect(*window, &rect);
         const HDC from = ::GetWindowDC(*window);
-        ::BitBlt(dc, rect.left - area.left, rect.top - area.top, rect.right - rect.left, rect.bottom - rect.top, from, 0, 0,
-                 SRCCOPY);
+        ::BitBlt(dc, rect.left - area.left, rect.top - area.top, rect.right - rect.left,
+                 rect.bottom - rect.top, from, 0, 0, SRCCOPY);
         ::ReleaseDC(*window, from);
     }
 }
@@ -76,7 +76,8 @@ bool TakePicture(const RECT& area, Picture& picture)
         DrawWindows(memory.get(), area);
     ::GdiFlush();
     const BYTE* first = static_cast<const BYTE*>(bits);
-    picture.pixels.assign(first, first + static_cast<std::size_t>(picture.Stride()) * static_cast<UINT>(picture.height));
+    picture.pixels.assign(first, first + static_cast<std::size_t>(picture.Stride()) *
+                                             static_cast<UINT>(picture.height));
     return true;
 }
 
@@ -93,10 +94,11 @@ bool WriteBmp(const Picture& picture, const std::wstring& fileName, std::wstring
     std::memcpy(bytes.data() + sizeof file, &info, sizeof info);
     BYTE* row = bytes.data() + file.bfOffBits;
     for (int y = picture.height - 1; y >= 0; --y, row += picture.Stride())
-        std::memcpy(row, picture.pixels.data() + static_cast<std::size_t>(y) * picture.Stride(), picture.Stride());
+        std::memcpy(row, picture.pixels.data() + static_cast<std::size_t>(y) * picture.Stride(),
+                    picture.Stride());
 
-    const HANDLE handle =
-        ::CreateFileW(fileName.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE handle = ::CreateFileW(fileName.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                        FILE_ATTRIBUTE_NORMAL, nullptr);
     if (handle == INVALID_HANDLE_VALUE) {
         reason = SystemErrorText(::GetLastError());
         return false;
@@ -148,7 +150,8 @@ HRESULT EncodePng(const Picture& picture, const std::wstring& fileName)
     if (SUCCEEDED(result) && format != GUID_WICPixelFormat24bppBGR)
         result = E_UNEXPECTED;
     if (SUCCEEDED(result))
-        result = frame->WritePixels(static_cast<UINT>(picture.height), stride, static_cast<UINT>(packed.size()), packed.data());
+        result = frame->WritePixels(static_cast<UINT>(picture.height), stride,
+                                    static_cast<UINT>(packed.size()), packed.data());
     if (SUCCEEDED(result))
         result = frame->Commit();
     if (SUCCEEDED(result))
@@ -167,7 +170,7 @@ std::wstring LowerExtension(const std::wstring& fileName)
     return extension;
 }
 
-}
+} // namespace
 
 bool SaveScreenArea(const RECT& area, const std::wstring& fileName, std::wstring& reason)
 {
@@ -197,4 +200,4 @@ bool SaveScreenArea(const RECT& area, const std::wstring& fileName, std::wstring
     return SUCCEEDED(result);
 }
 
-}
+} // namespace velmhost

@@ -15,4 +15,4 @@ namespace velmhost
 // from this process's windows. Rests on BitBlt and the imaging component.
 bool SaveScreenArea(const RECT& area, const std::wstring& fileName, std::wstring& reason);
 
-}
+} // namespace velmhost

@@ -105,7 +105,8 @@ public:
     bool HasInlineValue() const { return m_hasInlineValue; }
     std::vector<std::wstring> Rest()
     {
-        std::vector<std::wstring> rest(m_arguments.begin() + static_cast<std::ptrdiff_t>(m_next), m_arguments.end());
+        std::vector<std::wstring> rest(m_arguments.begin() + static_cast<std::ptrdiff_t>(m_next),
+                                       m_arguments.end());
         m_next = m_arguments.size();
         return rest;
     }
@@ -205,4 +206,4 @@ std::wstring ShellOptions::HelpText()
            L"(with --batch); 3 a step could not be made.\n";
 }
 
-}
+} // namespace velmhost

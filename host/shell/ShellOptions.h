@@ -37,7 +37,7 @@ struct ShellOptions
     // The text of --help, lines ended by line feeds.
     static std::wstring HelpText();
 
-    std::wstring error;                       // empty when all was understood
+    std::wstring error; // empty when all was understood
     bool help = false;
     bool version = false;
     bool tree = false;
@@ -47,12 +47,12 @@ struct ShellOptions
     bool noRegister = false;
     bool registerServer = false;
     bool unregisterServer = false;
-    bool embedding = false;                   // started by the platform for an automation client
-    int width = 0;                            // of the main window in pixels; 0: the host's choice
+    bool embedding = false; // started by the platform for an automation client
+    int width = 0;          // of the main window in pixels; 0: the host's choice
     int height = 0;
     std::vector<std::wstring> addins;         // in the order in which they are loaded
     std::vector<std::wstring> addinArguments; // what stood after "--"
     std::vector<Step> steps;                  // in the order in which they are made
 };
 
-}
+} // namespace velmhost

@@ -16,7 +16,7 @@ CHostFrame& RequireFrame(const CHostApp& app)
     return *app.MainFrame();
 }
 
-}
+} // namespace
 
 bool ShellServices::IsVisible() const
 {
@@ -57,7 +57,9 @@ WindowState ShellServices::State() const
 
 void ShellServices::SetState(WindowState state)
 {
-    const int show = state == WindowState::Minimised ? SW_MINIMIZE : state == WindowState::Maximised ? SW_MAXIMIZE : SW_RESTORE;
+    const int show = state == WindowState::Minimised   ? SW_MINIMIZE
+                     : state == WindowState::Maximised ? SW_MAXIMIZE
+                                                       : SW_RESTORE;
     RequireFrame(m_app).ShowWindow(show);
 }
 
@@ -105,4 +107,4 @@ std::vector<std::wstring> ShellServices::AddIns() const
     return m_app.Addins().FileNames();
 }
 
-}
+} // namespace velmhost

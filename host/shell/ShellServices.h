@@ -8,15 +8,15 @@ namespace velmhost
 
 class CHostApp;
 
-// Answers the automation layer for the main window and the add-ins of a running host. Members that need the window
-// refuse while there is none.
+// Answers the automation layer for the main window and the add-ins of a running host. Members that need the
+// window refuse while there is none.
 class ShellServices : public HostShell
 {
-// Construction
+    // Construction
 public:
     explicit ShellServices(CHostApp& app) : m_app(app) {}
 
-// Overridables
+    // Overridables
 public:
     bool IsVisible() const override;
     void SetVisible(bool visible) override;
@@ -34,9 +34,9 @@ public:
     void UnloadAddIn(const std::wstring& fileName) override;
     std::vector<std::wstring> AddIns() const override;
 
-// Implementation
+    // Implementation
 private:
     CHostApp& m_app;
 };
 
-}
+} // namespace velmhost

@@ -129,7 +129,7 @@ private:
     CHostFrame& m_frame;
 };
 
-}
+} // namespace
 
 std::unique_ptr<StepAction> MakeStepAction(CHostFrame& frame, const Step& step)
 {
@@ -156,4 +156,4 @@ std::unique_ptr<StepAction> MakeStepAction(CHostFrame& frame, const Step& step)
     return nullptr;
 }
 
-}
+} // namespace velmhost

@@ -12,12 +12,17 @@
 namespace velmhost
 {
 
-// A step under way. It is driven by ticks that come when all input and painting so far has been dispatched, also
-// from inside menu loops; at each tick it does at most one thing and returns at once.
+// A step under way. It is driven by ticks that come when all input and painting so far has been dispatched,
+// also from inside menu loops; at each tick it does at most one thing and returns at once.
 class StepAction
 {
 public:
-    enum class Progress { Again, Done, Failed };
+    enum class Progress
+    {
+        Again,
+        Done,
+        Failed
+    };
 
     virtual ~StepAction() = default;
     virtual Progress Tick() = 0;
@@ -41,4 +46,4 @@ std::unique_ptr<StepAction> MakeStepAction(CHostFrame& frame, const Step& step);
 std::unique_ptr<StepAction> MakeMenuStep(CHostFrame& frame, const std::wstring& path, bool press);
 std::unique_ptr<StepAction> MakeToolbarStep(CHostFrame& frame, const std::wstring& path, bool press);
 
-}
+} // namespace velmhost

@@ -11,13 +11,14 @@ constexpr UINT kTickPeriod = 10;
 // A step that has not come to its end by then never will: what it clicked did not answer.
 constexpr ULONGLONG kStepPatience = 30000;
 
-}
+} // namespace
 
 BEGIN_MESSAGE_MAP(CStepRunner, CWnd)
-    ON_WM_TIMER()
+ON_WM_TIMER()
 END_MESSAGE_MAP()
 
-CStepRunner::CStepRunner(std::function<void(const std::wstring&, const std::wstring&)> failed, std::function<void()> finished)
+CStepRunner::CStepRunner(std::function<void(const std::wstring&, const std::wstring&)> failed,
+                         std::function<void()> finished)
     : m_failed(std::move(failed)), m_finished(std::move(finished))
 {
 }
@@ -116,4 +117,4 @@ std::wstring StepText(const Step& step)
     return {};
 }
 
-}
+} // namespace velmhost

@@ -14,10 +14,11 @@ namespace velmhost
 {
 
 // Runs on a timer, so that it goes on inside the loops of menus and message boxes. Each step waits until the
-// window is idle. A step that fails is told of, and the next one is made all the same; after an Exit step none is.
+// window is idle. A step that fails is told of, and the next one is made all the same; after an Exit step
+// none is.
 class CStepRunner : public CWnd
 {
-// Construction
+    // Construction
 public:
     // `failed` is called with each failure: the step as it is written on the command line, and the reason.
     // `finished` is called when the last step is made or was given up.
@@ -25,18 +26,18 @@ public:
                 std::function<void()> finished);
     ~CStepRunner() override;
 
-// Attributes
+    // Attributes
 public:
     bool IsRunning() const { return m_frame != nullptr; }
 
-// Operations
+    // Operations
 public:
     // Begins. `frame` must live until Stop is called or the run has finished. False when there is no timer.
     bool Start(CHostFrame& frame, const std::vector<Step>& steps);
     // Gives up what is left; `finished` is called when something ran.
     void Stop();
 
-// Implementation
+    // Implementation
 protected:
     afx_msg void OnTimer(UINT_PTR nIDEvent);
     DECLARE_MESSAGE_MAP()
@@ -58,4 +59,4 @@ private:
 // A step as it is written on the command line.
 std::wstring StepText(const Step& step);
 
-}
+} // namespace velmhost

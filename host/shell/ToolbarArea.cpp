@@ -8,8 +8,8 @@ namespace velmhost
 namespace
 {
 
-constexpr int kBarGap = 2;       // between docked toolbars
-constexpr int kFloatGap = 8;     // between floating ones, and their distance from the canvas's edges
+constexpr int kBarGap = 2;   // between docked toolbars
+constexpr int kFloatGap = 8; // between floating ones, and their distance from the canvas's edges
 
 CToolbarPane::Kind KindFor(DockStatus dock)
 {
@@ -35,12 +35,14 @@ CRect WindowRectOf(const CToolbarPane& pane)
 void Move(const CToolbarPane& pane, CPoint at)
 {
     const CSize size = pane.WindowSize();
-    ::SetWindowPos(pane.m_hWnd, nullptr, at.x, at.y, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    ::SetWindowPos(pane.m_hWnd, nullptr, at.x, at.y, size.cx, size.cy,
+                   SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
 }
 
 void ShowOnTop(const CToolbarPane& pane)
 {
-    ::SetWindowPos(pane.m_hWnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    ::SetWindowPos(pane.m_hWnd, HWND_TOP, 0, 0, 0, 0,
+                   SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
 }
 
 // A toolbar that has never been shown nor placed by a client.
@@ -49,7 +51,7 @@ bool HasPlace(const ToolbarFrame& frame)
     return frame.left != 0 || frame.top != 0 || frame.width != 0;
 }
 
-}
+} // namespace
 
 CToolbarArea::CToolbarArea(CWnd& frame, HostModel& model, ToolbarAreaSite& site)
     : m_frame(frame), m_model(model), m_site(site),
@@ -73,7 +75,8 @@ void CToolbarArea::Sync()
         for (const auto& toolbar : group->toolbars) {
             if (!toolbar->visible || FindPane(toolbar->id))
                 continue;
-            auto pane = std::make_unique<CToolbarPane>(KindFor(toolbar->dock), toolbar->id, m_model, static_cast<ToolbarPaneSite&>(*this));
+            auto pane = std::make_unique<CToolbarPane>(KindFor(toolbar->dock), toolbar->id, m_model,
+                                                       static_cast<ToolbarPaneSite&>(*this));
             if (pane->Create(m_frame))
                 m_panes.emplace(toolbar->id, std::move(pane));
         }
@@ -227,8 +230,8 @@ CRect CToolbarArea::ArrangeColumns(DockStatus dock, CRect area)
     return area;
 }
 
-// The first place, row by row, where the pane covers none of those that float already. A full canvas takes it at
-// its corner.
+// The first place, row by row, where the pane covers none of those that float already. A full canvas takes it
+// at its corner.
 CPoint CToolbarArea::FreePlace(const CToolbarPane& pane, const CRect& canvas) const
 {
     const CSize size = pane.WindowSize();
@@ -282,4 +285,4 @@ void CToolbarArea::Report(const CToolbarPane& pane)
     m_model.ReportToolbarFrame(toolbar->id, toolbar->dock, frame);
 }
 
-}
+} // namespace velmhost

@@ -27,47 +27,48 @@ protected:
     ~ToolbarAreaSite() = default;
 };
 
-// Keeps a pane for each visible toolbar of the model: those that are docked in rows at the top and bottom and in
-// columns at the left and right of the main window, those that float as tool windows.
+// Keeps a pane for each visible toolbar of the model: those that are docked in rows at the top and bottom and
+// in columns at the left and right of the main window, those that float as tool windows.
 class CToolbarArea : private ToolbarPaneSite
 {
-// Construction
+    // Construction
 public:
     // All arguments must live longer than this.
     CToolbarArea(CWnd& frame, HostModel& model, ToolbarAreaSite& site);
 
-// Attributes
+    // Attributes
 public:
     // The pane of a toolbar that is docked or floats; null when it is not shown.
     CToolbarPane* FindPane(ElementId toolbar) const;
     CFlyoutStack& Flyouts() { return m_flyouts; }
 
-// Operations
+    // Operations
 public:
     // Makes and removes panes as the model has it now. Follow with Arrange and PlaceFloating.
     void Sync();
-    // Places the docked toolbars along the edges of `area` (client coordinates of the main window) and returns
-    // what they leave.
+    // Places the docked toolbars along the edges of `area` (client coordinates of the main window) and
+    // returns what they leave.
     CRect Arrange(CRect area);
-    // Places the floating toolbars where the model has them; new ones, without a place, side by side on `canvas`
-    // (screen coordinates). Shows them when the main window is visible. Tells the model where they are.
+    // Places the floating toolbars where the model has them; new ones, without a place, side by side on
+    // `canvas` (screen coordinates). Shows them when the main window is visible. Tells the model where they
+    // are.
     void PlaceFloating(const CRect& canvas);
     // Shows or hides all that floats, with the main window.
     void ShowFloating(bool show);
-    // Does what the button of a pane is for: opens or closes a fly-out, or sends its text. The pane or item may
-    // be gone by now; nothing is done then.
+    // Does what the button of a pane is for: opens or closes a fly-out, or sends its text. The pane or item
+    // may be gone by now; nothing is done then.
     void Execute(HWND pane, ElementId item);
     // Destroys all panes.
     void Clear();
 
-// Overridables
+    // Overridables
 private:
     void OnButtonClicked(CToolbarPane& pane, ElementId item) override;
     void OnButtonHot(CToolbarPane& pane, ElementId item) override;
     void OnPaneCloseWanted(CToolbarPane& pane) override;
     void OnPaneMoved(CToolbarPane& pane) override;
 
-// Implementation
+    // Implementation
 private:
     std::vector<CToolbarPane*> PanesAt(DockStatus dock) const;
     CRect ArrangeRows(DockStatus dock, CRect area);
@@ -84,4 +85,4 @@ private:
     CFlyoutStack m_flyouts;
 };
 
-}
+} // namespace velmhost

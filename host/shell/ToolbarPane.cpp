@@ -9,15 +9,21 @@ namespace velmhost
 namespace
 {
 
-constexpr int kGripper = 10;       // extent of the gripper along the bar
-constexpr int kMargin = 2;         // around the buttons
-constexpr int kLabelGap = 6;       // between name and buttons
-constexpr int kSeparator = 8;      // width of a separator
-constexpr int kEmptyExtent = 48;   // of a toolbar without buttons
+constexpr int kGripper = 10;     // extent of the gripper along the bar
+constexpr int kMargin = 2;       // around the buttons
+constexpr int kLabelGap = 6;     // between name and buttons
+constexpr int kSeparator = 8;    // width of a separator
+constexpr int kEmptyExtent = 48; // of a toolbar without buttons
 constexpr UINT kControlId = 1;
 
-int ButtonWidth(int pictureSide) { return pictureSide + 7; }
-int ButtonHeight(int pictureSide) { return pictureSide + 6; }
+int ButtonWidth(int pictureSide)
+{
+    return pictureSide + 7;
+}
+int ButtonHeight(int pictureSide)
+{
+    return pictureSide + 6;
+}
 
 DWORD WindowStyle(CToolbarPane::Kind kind)
 {
@@ -85,19 +91,20 @@ void DrawCornerMark(HDC dc, const RECT& button)
 {
     constexpr int kMark = 4;
     for (int i = 0; i <= kMark; ++i) {
-        const RECT line{button.right - 4 - i, button.bottom - 4 - kMark + i, button.right - 3, button.bottom - 3 - kMark + i};
+        const RECT line{button.right - 4 - i, button.bottom - 4 - kMark + i, button.right - 3,
+                        button.bottom - 3 - kMark + i};
         FillSolid(dc, line, COLOR_BTNTEXT);
     }
 }
 
-}
+} // namespace
 
 BEGIN_MESSAGE_MAP(CToolbarPane, CWnd)
-    ON_WM_PAINT()
-    ON_WM_CLOSE()
-    ON_MESSAGE(WM_MOUSEACTIVATE, &CToolbarPane::OnMouseActivateMessage)
-    ON_MESSAGE(WM_NCACTIVATE, &CToolbarPane::OnNcActivateMessage)
-    ON_MESSAGE(WM_EXITSIZEMOVE, &CToolbarPane::OnExitSizeMoveMessage)
+ON_WM_PAINT()
+ON_WM_CLOSE()
+ON_MESSAGE(WM_MOUSEACTIVATE, &CToolbarPane::OnMouseActivateMessage)
+ON_MESSAGE(WM_NCACTIVATE, &CToolbarPane::OnNcActivateMessage)
+ON_MESSAGE(WM_EXITSIZEMOVE, &CToolbarPane::OnExitSizeMoveMessage)
 END_MESSAGE_MAP()
 
 CToolbarPane::CToolbarPane(Kind kind, ElementId toolbar, const HostModel& model, ToolbarPaneSite& site)
@@ -114,13 +121,16 @@ BOOL CToolbarPane::Create(CWnd& owner)
 {
     const bool child = m_kind == Kind::Row || m_kind == Kind::Column;
     const wchar_t* windowClass =
-        AfxRegisterWndClass(child ? 0 : CS_SAVEBITS, ::LoadCursorW(nullptr, IDC_ARROW), reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1));
-    if (!CreateEx(child ? 0 : WS_EX_TOOLWINDOW, windowClass, L"", WindowStyle(m_kind), 0, 0, 0, 0, owner.m_hWnd, nullptr))
+        AfxRegisterWndClass(child ? 0 : CS_SAVEBITS, ::LoadCursorW(nullptr, IDC_ARROW),
+                            reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1));
+    if (!CreateEx(child ? 0 : WS_EX_TOOLWINDOW, windowClass, L"", WindowStyle(m_kind), 0, 0, 0, 0,
+                  owner.m_hWnd, nullptr))
         return FALSE;
-    const DWORD style = WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | CCS_NOPARENTALIGN | CCS_NORESIZE
-                        | CCS_NODIVIDER;
+    const DWORD style = WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | CCS_NOPARENTALIGN |
+                        CCS_NORESIZE | CCS_NODIVIDER;
     m_control = ::CreateWindowExW(0, TOOLBARCLASSNAMEW, L"", style, 0, 0, 0, 0, m_hWnd,
-                                  reinterpret_cast<HMENU>(static_cast<UINT_PTR>(kControlId)), AfxGetInstanceHandle(), nullptr);
+                                  reinterpret_cast<HMENU>(static_cast<UINT_PTR>(kControlId)),
+                                  AfxGetInstanceHandle(), nullptr);
     if (!m_control)
         return FALSE;
     ::SendMessageW(m_control, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
@@ -147,7 +157,8 @@ int CToolbarPane::PositionOf(ElementId item) const
 CRect CToolbarPane::ButtonRect(int position) const
 {
     CRect rect;
-    if (::SendMessageW(m_control, TB_GETITEMRECT, static_cast<WPARAM>(position), reinterpret_cast<LPARAM>(&rect)))
+    if (::SendMessageW(m_control, TB_GETITEMRECT, static_cast<WPARAM>(position),
+                       reinterpret_cast<LPARAM>(&rect)))
         ::MapWindowPoints(m_control, nullptr, reinterpret_cast<POINT*>(&rect), 2);
     else
         rect.SetRectEmpty();
@@ -197,8 +208,9 @@ std::wstring CToolbarPane::Describe(const Toolbar& toolbar, const std::vector<bo
     for (const bool wrap : wraps)
         text += wrap ? L'/' : L'-';
     for (const auto& item : toolbar.items) {
-        text += separator + std::to_wstring(item->id) + separator + std::to_wstring(static_cast<int>(item->type)) + separator
-                + item->smallBitmap + separator + item->largeBitmap;
+        text += separator + std::to_wstring(item->id) + separator +
+                std::to_wstring(static_cast<int>(item->type)) + separator + item->smallBitmap + separator +
+                item->largeBitmap;
     }
     return text;
 }
@@ -245,11 +257,14 @@ void CToolbarPane::SetPictureSize(int side)
 }
 
 // After which buttons a new row begins: where the limit is reached, or a row's share of the buttons when more
-// than one row is wished. A separator at the end of a row carries the break: the control leaves a gap below it.
+// than one row is wished. A separator at the end of a row carries the break: the control leaves a gap below
+// it.
 std::vector<bool> CToolbarPane::PlanWraps(const Toolbar& toolbar, int limit) const
 {
     const int count = static_cast<int>(toolbar.items.size());
-    const auto isSeparator = [&](int i) { return toolbar.items[static_cast<std::size_t>(i)]->type == ToolbarItemType::Separator; };
+    const auto isSeparator = [&](int i) {
+        return toolbar.items[static_cast<std::size_t>(i)]->type == ToolbarItemType::Separator;
+    };
     const auto width = [&](int i) { return isSeparator(i) ? kSeparator : ButtonWidth(PictureSide()); };
 
     long rows = 1;
@@ -290,21 +305,23 @@ void CToolbarPane::Measure(const Toolbar& toolbar)
     LONG least = toolbar.items.empty() ? kEmptyExtent : 0;
     if (m_kind == Kind::Floating)
         least = std::max<LONG>(least, CaptionWidth(toolbar.name) - 2 * kMargin);
-    const CSize content(std::max(extent.right, least), std::max<int>(extent.bottom, ButtonHeight(m_images.Side())));
+    const CSize content(std::max(extent.right, least),
+                        std::max<int>(extent.bottom, ButtonHeight(m_images.Side())));
     CPoint origin(kMargin, kMargin);
     if (m_kind == Kind::Row)
         origin.x = kGripper + LabelWidth(m_label);
     else if (m_kind == Kind::Column)
         origin.y = kGripper;
-    ::SetWindowPos(m_control, nullptr, origin.x, origin.y, content.cx, content.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+    ::SetWindowPos(m_control, nullptr, origin.x, origin.y, content.cx, content.cy,
+                   SWP_NOZORDER | SWP_NOACTIVATE);
 
     CRect window(0, 0, origin.x + content.cx + kMargin, origin.y + content.cy + kMargin);
     ::AdjustWindowRectEx(&window, GetStyle(), FALSE, GetExStyle());
     m_size = window.Size();
 }
 
-// Separators do not count: of one at the end of a row, what reaches beyond the buttons is cut off. The control would
-// draw it upright there; it is drawn across instead, see OnCustomDraw.
+// Separators do not count: of one at the end of a row, what reaches beyond the buttons is cut off. The
+// control would draw it upright there; it is drawn across instead, see OnCustomDraw.
 CRect CToolbarPane::ButtonsExtent() const
 {
     CRect all;
@@ -366,7 +383,8 @@ LRESULT CToolbarPane::OnCustomDraw(const NMTBCUSTOMDRAW& draw) const
         DrawRowSeparators(draw.nmcd.hdc);
         return CDRF_DODEFAULT;
     case CDDS_ITEMPREPAINT: {
-        const ToolbarItem* item = m_model.FindToolbarItem(ItemOfCommand(static_cast<int>(draw.nmcd.dwItemSpec)));
+        const ToolbarItem* item =
+            m_model.FindToolbarItem(ItemOfCommand(static_cast<int>(draw.nmcd.dwItemSpec)));
         return item && item->type == ToolbarItemType::Flyout ? CDRF_NOTIFYPOSTPAINT : CDRF_DODEFAULT;
     }
     case CDDS_ITEMPOSTPAINT:
@@ -383,8 +401,10 @@ void CToolbarPane::DrawRowSeparators(HDC dc) const
     const CRect extent = ButtonsExtent();
     for (int i = 1; i + 1 < ItemCount(); ++i) {
         CRect before, after;
-        ::SendMessageW(m_control, TB_GETITEMRECT, static_cast<WPARAM>(i) - 1, reinterpret_cast<LPARAM>(&before));
-        ::SendMessageW(m_control, TB_GETITEMRECT, static_cast<WPARAM>(i) + 1, reinterpret_cast<LPARAM>(&after));
+        ::SendMessageW(m_control, TB_GETITEMRECT, static_cast<WPARAM>(i) - 1,
+                       reinterpret_cast<LPARAM>(&before));
+        ::SendMessageW(m_control, TB_GETITEMRECT, static_cast<WPARAM>(i) + 1,
+                       reinterpret_cast<LPARAM>(&after));
         if (!IsSeparator(i) || after.top < before.bottom)
             continue;
         const int y = (before.bottom + after.top) / 2;
@@ -395,8 +415,9 @@ void CToolbarPane::DrawRowSeparators(HDC dc) const
 bool CToolbarPane::IsSeparator(int position) const
 {
     TBBUTTON button{};
-    return ::SendMessageW(m_control, TB_GETBUTTON, static_cast<WPARAM>(position), reinterpret_cast<LPARAM>(&button))
-           && (button.fsStyle & BTNS_SEP);
+    return ::SendMessageW(m_control, TB_GETBUTTON, static_cast<WPARAM>(position),
+                          reinterpret_cast<LPARAM>(&button)) &&
+           (button.fsStyle & BTNS_SEP);
 }
 
 void CToolbarPane::OnPaint()
@@ -439,4 +460,4 @@ LRESULT CToolbarPane::OnExitSizeMoveMessage(WPARAM, LPARAM)
     return 0;
 }
 
-}
+} // namespace velmhost

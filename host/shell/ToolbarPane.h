@@ -38,7 +38,7 @@ protected:
 // fly-outs, and the buttons' names as tooltips.
 class CToolbarPane : public CWnd
 {
-// Construction
+    // Construction
 public:
     enum class Kind
     {
@@ -55,7 +55,7 @@ public:
     // Creates the window, hidden and empty. `owner` is the parent of a child, else the owner.
     BOOL Create(CWnd& owner);
 
-// Attributes
+    // Attributes
 public:
     Kind GetKind() const { return m_kind; }
     ElementId ToolbarId() const { return m_toolbar; }
@@ -74,7 +74,7 @@ public:
     // Size that the window needs for its buttons.
     CSize WindowSize() const { return m_size; }
 
-// Operations
+    // Operations
 public:
     // Shows what the model has now. `limit` is how long the window may become along its row (for a column:
     // how high), in pixels; buttons wrap there. Returns whether anything changed. Does nothing when the
@@ -83,12 +83,12 @@ public:
     // Draws a fly-out button as held down while its fly-out is open.
     void MarkOpen(ElementId item, bool open);
 
-// Overridables
+    // Overridables
 protected:
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
     BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 
-// Implementation
+    // Implementation
 protected:
     afx_msg void OnPaint();
     afx_msg void OnClose();
@@ -122,4 +122,4 @@ private:
     CSize m_size{0, 0};
 };
 
-}
+} // namespace velmhost

@@ -36,7 +36,13 @@ public:
     }
 
 private:
-    enum class Phase { Begin, Act, WaitOpen, WaitDone };
+    enum class Phase
+    {
+        Begin,
+        Act,
+        WaitOpen,
+        WaitDone
+    };
 
     Progress Begin()
     {
@@ -86,7 +92,8 @@ private:
             return Fail(L"there is no toolbar \"" + m_names[m_level] + L"\" on show");
         const ToolbarItem* button = FindButton(*pane);
         if (!button)
-            return Fail(L"there is no button \"" + m_names[m_level + 1] + L"\" in \"" + m_names[m_level] + L"\"");
+            return Fail(L"there is no button \"" + m_names[m_level + 1] + L"\" in \"" + m_names[m_level] +
+                        L"\"");
         const bool last = m_level + 2 == m_names.size();
         const bool flyout = button->type == ToolbarItemType::Flyout;
         if ((!last || !m_press) && !(flyout && button->flyout))
@@ -128,16 +135,16 @@ private:
     std::vector<std::wstring> m_names; // toolbar, then buttons
     bool m_press;
     Phase m_phase = Phase::Begin;
-    std::size_t m_level = 0;           // of fly-outs that are open so far
-    ElementId m_opened = 0;            // toolbar of the fly-out that is waited for
+    std::size_t m_level = 0; // of fly-outs that are open so far
+    ElementId m_opened = 0;  // toolbar of the fly-out that is waited for
     unsigned m_buttonsBefore = 0;
 };
 
-}
+} // namespace
 
 std::unique_ptr<StepAction> MakeToolbarStep(CHostFrame& frame, const std::wstring& path, bool press)
 {
     return std::make_unique<ToolbarStep>(frame, path, press);
 }
 
-}
+} // namespace velmhost

@@ -52,7 +52,8 @@ TEST(GetStrToFloat, NarrowsToFloat)
 // nearest to the text.
 TEST(GetStrToFloat, ReadsADoubleFirst)
 {
-    EXPECT_EQ(GetStrToFloat(L"1.00000017881393432617187499"), 1.0f + 2 * std::numeric_limits<float>::epsilon());
+    EXPECT_EQ(GetStrToFloat(L"1.00000017881393432617187499"),
+              1.0f + 2 * std::numeric_limits<float>::epsilon());
 }
 
 TEST(GetStrToInt, ReadsAnIntegerFromTheStart)
@@ -192,5 +193,8 @@ TEST(GetNumberFromText, GivesNothingWhereThereIsNoNumberCharacter)
 
 TEST(GetNumberFromText, LooksBehindAnEmbeddedZero)
 {
-    EXPECT_EQ(GetNumberFromText(CString(L"a\0" L"12b", 5)), L"12");
+    EXPECT_EQ(GetNumberFromText(CString(L"a\0"
+                                        L"12b",
+                                        5)),
+              L"12");
 }

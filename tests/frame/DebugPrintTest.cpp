@@ -25,7 +25,10 @@ public:
     static int Count() { return s_count; }
 
 private:
-    static void __cdecl Note(const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) { ++s_count; }
+    static void __cdecl Note(const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t)
+    {
+        ++s_count;
+    }
 
     static inline int s_count = 0;
     _invalid_parameter_handler m_before;

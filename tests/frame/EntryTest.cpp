@@ -35,7 +35,8 @@ struct DynLinkLibrary
 {
     DynLinkLibrary(AFX_EXTENSION_MODULE& given, BOOL system)
     {
-        calls.push_back(std::string("join ") + (&given == state ? "same " : "other ") + (system ? "system" : "user"));
+        calls.push_back(std::string("join ") + (&given == state ? "same " : "other ") +
+                        (system ? "system" : "user"));
     }
     static void* operator new(size_t size)
     {
@@ -135,7 +136,8 @@ TEST(LoadedLibrary, JoinsTheChainAtLoadAndLeavesItAtUnload)
     const HINSTANCE before = VersionResourceHolder();
     const testkit::TempFolder scratch;
     const std::wstring copy = (scratch / L"VelmUtil22Copy.dll").wstring();
-    ASSERT_TRUE(CopyFileW((std::wstring(GetProjectPath(nullptr)) + L"VelmUtil22.dll").c_str(), copy.c_str(), FALSE));
+    ASSERT_TRUE(
+        CopyFileW((std::wstring(GetProjectPath(nullptr)) + L"VelmUtil22.dll").c_str(), copy.c_str(), FALSE));
     const HMODULE library = LoadLibraryW(copy.c_str());
     ASSERT_NE(library, nullptr);
     EXPECT_EQ(VersionResourceHolder(), library);
@@ -148,7 +150,8 @@ TEST(LoadedLibrary, MayBeLoadedAgain)
 {
     const testkit::TempFolder scratch;
     const std::wstring copy = (scratch / L"VelmUtil22Copy.dll").wstring();
-    ASSERT_TRUE(CopyFileW((std::wstring(GetProjectPath(nullptr)) + L"VelmUtil22.dll").c_str(), copy.c_str(), FALSE));
+    ASSERT_TRUE(
+        CopyFileW((std::wstring(GetProjectPath(nullptr)) + L"VelmUtil22.dll").c_str(), copy.c_str(), FALSE));
     for (int i = 0; i < 3; ++i) {
         const HMODULE library = LoadLibraryW(copy.c_str());
         ASSERT_NE(library, nullptr);

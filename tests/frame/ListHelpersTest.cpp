@@ -62,7 +62,9 @@ struct TinyAllocator : std::allocator<T>
     using value_type = T;
     TinyAllocator() = default;
     template <class U>
-    TinyAllocator(const TinyAllocator<U>&) {}
+    TinyAllocator(const TinyAllocator<U>&)
+    {
+    }
     template <class U>
     struct rebind
     {

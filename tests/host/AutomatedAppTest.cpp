@@ -42,7 +42,7 @@ protected:
     }
 };
 
-}
+} // namespace
 
 TEST_F(AutomatedApp, GivesTheAutomationApplicationAsItsDispatch)
 {
@@ -97,14 +97,11 @@ TEST_F(AutomatedApp, DriverReachesTheModel)
 TEST_F(AutomatedApp, RefusalsReachADriverAsItsException)
 {
     COleDispatchDriver application(AfxGetApp()->GetIDispatch(TRUE));
-    try
-    {
+    try {
         LPDISPATCH documents = nullptr;
         application.InvokeHelper(32, DISPATCH_PROPERTYGET, VT_DISPATCH, &documents, nullptr);
         FAIL() << "was not refused";
-    }
-    catch (COleDispatchException* exception)
-    {
+    } catch (COleDispatchException* exception) {
         EXPECT_STREQ(exception->m_strSource, L"VelmHost.Application");
         EXPECT_STREQ(exception->m_strDescription, L"This host has no documents.");
         exception->Delete();

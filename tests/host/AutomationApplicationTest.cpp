@@ -55,7 +55,7 @@ protected:
     RecordingShell m_shell;
 };
 
-}
+} // namespace
 
 TEST_F(AutomationApplication, SaysWhatItIs)
 {
@@ -228,9 +228,9 @@ TEST_F(AutomationApplication, ObjectsOutliveTheHostAndFail)
          {groups.Get(L"Count"), menu.Get(L"Name"), menu.Get(L"Application"), item.Put(L"Label", L"x"),
           toolbars.Call(L"Add", L"x"), app.Call(L"Quit"), app.Call(L"RunMacro", L"x"), app.Call(L"ListArx")})
         ExpectRefused(outcome, RPC_E_DISCONNECTED);
-    for (const wchar_t* property :
-         {L"Visible", L"Name", L"Caption", L"Application", L"ActiveDocument", L"FullName", L"Path", L"LocaleId",
-          L"Version", L"Preferences", L"MenuGroups", L"MenuBar", L"Documents", L"WindowState", L"HWND"})
+    for (const wchar_t* property : {L"Visible", L"Name", L"Caption", L"Application", L"ActiveDocument",
+                                    L"FullName", L"Path", L"LocaleId", L"Version", L"Preferences",
+                                    L"MenuGroups", L"MenuBar", L"Documents", L"WindowState", L"HWND"})
     {
         SCOPED_TRACE(property);
         ExpectRefused(app.Get(property), RPC_E_DISCONNECTED);

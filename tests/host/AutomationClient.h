@@ -30,8 +30,7 @@ struct Outcome
 
     std::wstring Text() const
     {
-        if (value.vt != VT_BSTR)
-        {
+        if (value.vt != VT_BSTR) {
             ADD_FAILURE() << "no text but type " << value.vt << ", result " << std::hex << result;
             return L"?";
         }
@@ -90,15 +89,18 @@ public:
         return id;
     }
 
-    template <class... Args> Outcome Call(const wchar_t* name, const Args&... args) const
+    template <class... Args>
+    Outcome Call(const wchar_t* name, const Args&... args) const
     {
         return Invoke(IdOf(name), DISPATCH_METHOD, {_variant_t(args)...});
     }
-    template <class... Args> Outcome Get(const wchar_t* name, const Args&... args) const
+    template <class... Args>
+    Outcome Get(const wchar_t* name, const Args&... args) const
     {
         return Invoke(IdOf(name), DISPATCH_PROPERTYGET, {_variant_t(args)...});
     }
-    template <class Value> Outcome Put(const wchar_t* name, const Value& value) const
+    template <class Value>
+    Outcome Put(const wchar_t* name, const Value& value) const
     {
         return Invoke(IdOf(name), DISPATCH_PROPERTYPUT, {_variant_t(value)});
     }
@@ -108,8 +110,7 @@ public:
                    std::vector<DISPID> named = {}) const
     {
         Outcome outcome;
-        if (!m_dispatch)
-        {
+        if (!m_dispatch) {
             ADD_FAILURE() << "no object";
             return outcome;
         }
@@ -167,4 +168,4 @@ inline void ExpectRefused(const Outcome& outcome, HRESULT scode)
     EXPECT_EQ(outcome.value.vt, VT_EMPTY);
 }
 
-}
+} // namespace hosttest

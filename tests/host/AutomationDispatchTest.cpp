@@ -17,8 +17,7 @@ struct NamedId
 // Each name must be found in any case, with its id.
 void ExpectIds(const Object& object, const std::vector<NamedId>& members)
 {
-    for (const NamedId& member : members)
-    {
+    for (const NamedId& member : members) {
         EXPECT_EQ(object.IdOf(member.name), member.id) << member.name;
         std::wstring upper = member.name, lower = member.name;
         CharUpperW(upper.data());
@@ -28,80 +27,142 @@ void ExpectIds(const Object& object, const std::vector<NamedId>& members)
     }
 }
 
-}
+} // namespace
 
 TEST_F(AutomationDispatch, ApplicationHasItsMembers)
 {
-    ExpectIds(App(), {{L"Visible", 1}, {L"Name", 2}, {L"Caption", 3}, {L"Application", 4},
-                      {L"ActiveDocument", 5}, {L"FullName", 6}, {L"Height", 7}, {L"WindowLeft", 8},
-                      {L"Path", 9}, {L"LocaleId", 10}, {L"WindowTop", 11}, {L"Version", 12},
-                      {L"Width", 13}, {L"Preferences", 14}, {L"ListArx", 18}, {L"LoadArx", 19},
-                      {L"GetInterfaceObject", 20}, {L"UnloadArx", 23}, {L"Update", 24}, {L"Quit", 25},
-                      {L"MenuGroups", 28}, {L"MenuBar", 29}, {L"Documents", 32}, {L"WindowState", 34},
-                      {L"RunMacro", 35}, {L"GetAcadState", 42}, {L"HWND", 44}});
+    ExpectIds(App(), {{L"Visible", 1},
+                      {L"Name", 2},
+                      {L"Caption", 3},
+                      {L"Application", 4},
+                      {L"ActiveDocument", 5},
+                      {L"FullName", 6},
+                      {L"Height", 7},
+                      {L"WindowLeft", 8},
+                      {L"Path", 9},
+                      {L"LocaleId", 10},
+                      {L"WindowTop", 11},
+                      {L"Version", 12},
+                      {L"Width", 13},
+                      {L"Preferences", 14},
+                      {L"ListArx", 18},
+                      {L"LoadArx", 19},
+                      {L"GetInterfaceObject", 20},
+                      {L"UnloadArx", 23},
+                      {L"Update", 24},
+                      {L"Quit", 25},
+                      {L"MenuGroups", 28},
+                      {L"MenuBar", 29},
+                      {L"Documents", 32},
+                      {L"WindowState", 34},
+                      {L"RunMacro", 35},
+                      {L"GetAcadState", 42},
+                      {L"HWND", 44}});
     EXPECT_EQ(App().IdOf(L"Parent"), DISPID_UNKNOWN);
 }
 
 TEST_F(AutomationDispatch, CollectionsHaveTheirMembers)
 {
-    const std::vector<NamedId> common = {{L"Item", 0}, {L"_NewEnum", -4}, {L"Count", 0x60020002},
-                                         {L"Application", 0x60020003}, {L"Parent", 0x60020004}};
+    const std::vector<NamedId> common = {{L"Item", 0},
+                                         {L"_NewEnum", -4},
+                                         {L"Count", 0x60020002},
+                                         {L"Application", 0x60020003},
+                                         {L"Parent", 0x60020004}};
     for (const Object& collection : {Groups(), Menus(), AddMenu(), Bar(), Toolbars(), AddToolbar()})
         ExpectIds(collection, common);
     ExpectIds(Groups(), {{L"Load", 0x60020005}});
-    ExpectIds(Menus(), {{L"Add", 0x60020005}, {L"InsertMenuInMenuBar", 0x60020006},
-                        {L"RemoveMenuFromMenuBar", 0x60020007}});
+    ExpectIds(
+        Menus(),
+        {{L"Add", 0x60020005}, {L"InsertMenuInMenuBar", 0x60020006}, {L"RemoveMenuFromMenuBar", 0x60020007}});
     ExpectIds(Toolbars(), {{L"LargeButtons", 0x60020005}, {L"Add", 0x60020007}});
 }
 
 TEST_F(AutomationDispatch, MenuGroupHasItsMembers)
 {
-    ExpectIds(Group(), {{L"Application", 0x60020000}, {L"Parent", 0x60020001}, {L"Name", 0x60020002},
-                        {L"Type", 0x60020003}, {L"MenuFileName", 0x60020004}, {L"Menus", 0x60020005},
-                        {L"Toolbars", 0x60020006}, {L"Unload", 0x60020007}, {L"Save", 0x60020008},
+    ExpectIds(Group(), {{L"Application", 0x60020000},
+                        {L"Parent", 0x60020001},
+                        {L"Name", 0x60020002},
+                        {L"Type", 0x60020003},
+                        {L"MenuFileName", 0x60020004},
+                        {L"Menus", 0x60020005},
+                        {L"Toolbars", 0x60020006},
+                        {L"Unload", 0x60020007},
+                        {L"Save", 0x60020008},
                         {L"SaveAs", 0x60020009}});
 }
 
 TEST_F(AutomationDispatch, PopupMenuHasItsMembers)
 {
-    ExpectIds(AddMenu(), {{L"Name", 0x60020005}, {L"NameNoMnemonic", 0x60020007},
-                          {L"ShortcutMenu", 0x60020008}, {L"OnMenuBar", 0x60020009},
-                          {L"AddMenuItem", 0x6002000a}, {L"AddSubMenu", 0x6002000b},
-                          {L"AddSeparator", 0x6002000c}, {L"InsertInMenuBar", 0x6002000d},
-                          {L"RemoveFromMenuBar", 0x6002000e}, {L"TagString", 0x6002000f}});
+    ExpectIds(AddMenu(), {{L"Name", 0x60020005},
+                          {L"NameNoMnemonic", 0x60020007},
+                          {L"ShortcutMenu", 0x60020008},
+                          {L"OnMenuBar", 0x60020009},
+                          {L"AddMenuItem", 0x6002000a},
+                          {L"AddSubMenu", 0x6002000b},
+                          {L"AddSeparator", 0x6002000c},
+                          {L"InsertInMenuBar", 0x6002000d},
+                          {L"RemoveFromMenuBar", 0x6002000e},
+                          {L"TagString", 0x6002000f}});
     EXPECT_EQ(Menus().Call(L"Item", 0L).operator Object().IdOf(L"Delete"), DISPID_UNKNOWN);
 }
 
 TEST_F(AutomationDispatch, PopupMenuItemHasItsMembers)
 {
     const Object item = AddItem(AddMenu(), L"a");
-    ExpectIds(item, {{L"Application", 0x60020000}, {L"Parent", 0x60020001}, {L"Label", 0x60020002},
-                     {L"TagString", 0x60020004}, {L"Enable", 0x60020006}, {L"Check", 0x60020008},
-                     {L"Type", 0x6002000a}, {L"SubMenu", 0x6002000b}, {L"Macro", 0x6002000c},
-                     {L"Index", 0x6002000e}, {L"Caption", 0x6002000f}, {L"HelpString", 0x60020010},
-                     {L"Delete", 0x60020012}, {L"EndSubMenuLevel", 0x60020013}});
+    ExpectIds(item, {{L"Application", 0x60020000},
+                     {L"Parent", 0x60020001},
+                     {L"Label", 0x60020002},
+                     {L"TagString", 0x60020004},
+                     {L"Enable", 0x60020006},
+                     {L"Check", 0x60020008},
+                     {L"Type", 0x6002000a},
+                     {L"SubMenu", 0x6002000b},
+                     {L"Macro", 0x6002000c},
+                     {L"Index", 0x6002000e},
+                     {L"Caption", 0x6002000f},
+                     {L"HelpString", 0x60020010},
+                     {L"Delete", 0x60020012},
+                     {L"EndSubMenuLevel", 0x60020013}});
     for (const wchar_t* name : {L"Enabled", L"Checked", L"Help", L"Name"})
         EXPECT_EQ(item.IdOf(name), DISPID_UNKNOWN) << name;
 }
 
 TEST_F(AutomationDispatch, ToolbarHasItsMembers)
 {
-    ExpectIds(AddToolbar(), {{L"Name", 0x60020005}, {L"Visible", 0x60020007}, {L"DockStatus", 0x60020009},
-                             {L"LargeButtons", 0x6002000a}, {L"left", 0x6002000b}, {L"top", 0x6002000d},
-                             {L"Width", 0x6002000f}, {L"Height", 0x60020010}, {L"FloatingRows", 0x60020011},
-                             {L"HelpString", 0x60020013}, {L"AddToolbarButton", 0x60020015},
-                             {L"AddSeparator", 0x60020016}, {L"Dock", 0x60020017}, {L"Float", 0x60020018},
-                             {L"Delete", 0x60020019}, {L"TagString", 0x6002001a}});
+    ExpectIds(AddToolbar(), {{L"Name", 0x60020005},
+                             {L"Visible", 0x60020007},
+                             {L"DockStatus", 0x60020009},
+                             {L"LargeButtons", 0x6002000a},
+                             {L"left", 0x6002000b},
+                             {L"top", 0x6002000d},
+                             {L"Width", 0x6002000f},
+                             {L"Height", 0x60020010},
+                             {L"FloatingRows", 0x60020011},
+                             {L"HelpString", 0x60020013},
+                             {L"AddToolbarButton", 0x60020015},
+                             {L"AddSeparator", 0x60020016},
+                             {L"Dock", 0x60020017},
+                             {L"Float", 0x60020018},
+                             {L"Delete", 0x60020019},
+                             {L"TagString", 0x6002001a}});
 }
 
 TEST_F(AutomationDispatch, ToolbarItemHasItsMembers)
 {
     const Object item = AddButton(AddToolbar(), L"a");
-    ExpectIds(item, {{L"Application", 0x60020000}, {L"Parent", 0x60020001}, {L"Name", 0x60020002},
-                     {L"TagString", 0x60020004}, {L"Type", 0x60020006}, {L"Flyout", 0x60020007},
-                     {L"Macro", 0x60020008}, {L"Index", 0x6002000a}, {L"HelpString", 0x6002000b},
-                     {L"GetBitmaps", 0x6002000d}, {L"SetBitmaps", 0x6002000e},
-                     {L"AttachToolbarToFlyout", 0x6002000f}, {L"Delete", 0x60020010},
+    ExpectIds(item, {{L"Application", 0x60020000},
+                     {L"Parent", 0x60020001},
+                     {L"Name", 0x60020002},
+                     {L"TagString", 0x60020004},
+                     {L"Type", 0x60020006},
+                     {L"Flyout", 0x60020007},
+                     {L"Macro", 0x60020008},
+                     {L"Index", 0x6002000a},
+                     {L"HelpString", 0x6002000b},
+                     {L"GetBitmaps", 0x6002000d},
+                     {L"SetBitmaps", 0x6002000e},
+                     {L"AttachToolbarToFlyout", 0x6002000f},
+                     {L"Delete", 0x60020010},
                      {L"CommandDisplayName", 0x60020011}});
     for (const wchar_t* name : {L"Label", L"Caption", L"Enable", L"Check"})
         EXPECT_EQ(item.IdOf(name), DISPID_UNKNOWN) << name;
@@ -164,9 +225,12 @@ TEST_F(AutomationDispatch, CallWithoutMemoryReturnsThatAsItsResult)
 
 TEST_F(AutomationDispatch, ArgumentNamesAreTheirPositions)
 {
-    LPOLESTR names[] = {const_cast<LPOLESTR>(L"AddToolbarButton"), const_cast<LPOLESTR>(L"Index"),
-                        const_cast<LPOLESTR>(L"NAME"), const_cast<LPOLESTR>(L"HelpString"),
-                        const_cast<LPOLESTR>(L"macro"), const_cast<LPOLESTR>(L"FlyoutButton"),
+    LPOLESTR names[] = {const_cast<LPOLESTR>(L"AddToolbarButton"),
+                        const_cast<LPOLESTR>(L"Index"),
+                        const_cast<LPOLESTR>(L"NAME"),
+                        const_cast<LPOLESTR>(L"HelpString"),
+                        const_cast<LPOLESTR>(L"macro"),
+                        const_cast<LPOLESTR>(L"FlyoutButton"),
                         const_cast<LPOLESTR>(L"Nonsense")};
     DISPID ids[7] = {};
     const Object toolbar = AddToolbar();
@@ -379,9 +443,9 @@ TEST_F(AutomationDispatch, RefusalWithoutRoomForTextsIsItsCode)
     _variant_t index(5L);
     VARIANT argument = index;
     DISPPARAMS params{&argument, nullptr, 1, 0};
-    EXPECT_EQ(menus.Raw()->Invoke(DISPID_VALUE, IID_NULL, 0, DISPATCH_METHOD, &params, nullptr, nullptr,
-                                  nullptr),
-              DISP_E_BADINDEX);
+    EXPECT_EQ(
+        menus.Raw()->Invoke(DISPID_VALUE, IID_NULL, 0, DISPATCH_METHOD, &params, nullptr, nullptr, nullptr),
+        DISP_E_BADINDEX);
 }
 
 TEST_F(AutomationDispatch, ObjectsAreUnknownAndDispatchOnly)

@@ -30,8 +30,7 @@ protected:
     {
         _variant_t element;
         ULONG fetched = 7;
-        if (enumerator->Next(1, &element, &fetched) != S_OK)
-        {
+        if (enumerator->Next(1, &element, &fetched) != S_OK) {
             EXPECT_EQ(fetched, 0u);
             return L"end";
         }
@@ -41,7 +40,7 @@ protected:
     }
 };
 
-}
+} // namespace
 
 TEST_F(AutomationEnumeration, WalksOverEachCollection)
 {
@@ -142,8 +141,7 @@ TEST_F(AutomationEnumeration, ElementsCanBeDeletedOnTheWay)
         AddItem(menu, label);
     const Enumerator walk = EnumeratorOf(menu);
     _variant_t element;
-    while (walk->Next(1, &element, nullptr) == S_OK)
-    {
+    while (walk->Next(1, &element, nullptr) == S_OK) {
         EXPECT_EQ(Object(element.pdispVal).Call(L"Delete").result, S_OK);
         element.Clear();
     }

@@ -14,9 +14,9 @@ namespace hosttest
 inline void MakeClassTables()
 {
     using namespace velmhost;
-    for (auto table : {ApplicationClass, AcadStateClass, MenuGroupsClass, MenuGroupClass, PopupMenusClass,
-                       PopupMenuClass, PopupMenuItemClass, MenuBarClass, ToolbarsClass, ToolbarClass,
-                       ToolbarItemClass})
+    for (auto table :
+         {ApplicationClass, AcadStateClass, MenuGroupsClass, MenuGroupClass, PopupMenusClass, PopupMenuClass,
+          PopupMenuItemClass, MenuBarClass, ToolbarsClass, ToolbarClass, ToolbarItemClass})
         ASSERT_FALSE(table().members.empty());
 }
 
@@ -56,4 +56,4 @@ protected:
         std::make_unique<velmhost::HostAutomation>(m_model);
 };
 
-}
+} // namespace hosttest

@@ -19,7 +19,7 @@ protected:
     testkit::TempFolder m_folder;
 };
 
-}
+} // namespace
 
 TEST_F(AutomationGroups, BaseGroupIsItemZeroAndHasAName)
 {
@@ -44,8 +44,7 @@ TEST_F(AutomationGroups, UnknownGroupIsAnError)
 TEST_F(AutomationGroups, LoadAddsAPartialGroup)
 {
     const std::wstring file = Write("group EXTRA\nmenu &E\n");
-    for (const _variant_t& baseMenu : {Missing(), _variant_t(false)})
-    {
+    for (const _variant_t& baseMenu : {Missing(), _variant_t(false)}) {
         const Object group = Groups().Call(L"Load", file.c_str(), baseMenu);
         EXPECT_EQ(group.Get(L"Name").Text(), L"EXTRA");
         EXPECT_EQ(group.Get(L"Type").Number(), 1);

@@ -108,9 +108,10 @@ TEST_F(AutomationHooks, LogNamesClassAndMember)
     m_automation->KeepLog(true);
     const Object toolbar = AddToolbar();
     toolbar.Put(L"Visible", false);
-    EXPECT_EQ(m_automation->TakeLog(),
-              (std::vector<std::wstring>{L"Application.MenuGroups get", L"MenuGroups.Item",
-                                         L"MenuGroup.Toolbars get", L"Toolbars.Add", L"Toolbar.Visible put"}));
+    EXPECT_EQ(
+        m_automation->TakeLog(),
+        (std::vector<std::wstring>{L"Application.MenuGroups get", L"MenuGroups.Item",
+                                   L"MenuGroup.Toolbars get", L"Toolbars.Add", L"Toolbar.Visible put"}));
     m_automation->KeepLog(false);
     toolbar.Put(L"Visible", true);
     EXPECT_TRUE(m_automation->TakeLog().empty());

@@ -15,8 +15,7 @@ protected:
     {
         std::wstring labels;
         const long count = menu.Get(L"Count").Number();
-        for (long i = 0; i < count; ++i)
-        {
+        for (long i = 0; i < count; ++i) {
             const Object item = menu.Call(L"Item", i);
             EXPECT_EQ(item.Get(L"Index").Number(), i);
             labels += labels.empty() ? L"" : L" ";
@@ -34,7 +33,7 @@ protected:
     }
 };
 
-}
+} // namespace
 
 TEST_F(AutomationMenus, AddedMenuIsEmptyAndNotOnTheBar)
 {
@@ -244,9 +243,9 @@ TEST_F(AutomationMenus, DeletedItemIsGoneAndFails)
     AddItem(menu, L"b");
     EXPECT_EQ(a.Call(L"Delete").result, S_OK);
     EXPECT_EQ(Labels(menu), L"b");
-    for (const Outcome& outcome : {a.Get(L"Label"), a.Get(L"Index"), a.Get(L"Parent"), a.Put(L"Check", true),
-                                   a.Put(L"Label", L"x"), a.Call(L"Delete"), a.Get(L"SubMenu"),
-                                   a.Get(L"Application")})
+    for (const Outcome& outcome :
+         {a.Get(L"Label"), a.Get(L"Index"), a.Get(L"Parent"), a.Put(L"Check", true), a.Put(L"Label", L"x"),
+          a.Call(L"Delete"), a.Get(L"SubMenu"), a.Get(L"Application")})
         ExpectRefused(outcome, RPC_E_DISCONNECTED);
 }
 

@@ -18,8 +18,7 @@ protected:
     {
         std::wstring names;
         const long count = toolbar.Get(L"Count").Number();
-        for (long i = 0; i < count; ++i)
-        {
+        for (long i = 0; i < count; ++i) {
             const Object item = toolbar.Call(L"Item", i);
             EXPECT_EQ(item.Get(L"Index").Number(), i);
             names += names.empty() ? L"" : L" ";
@@ -29,7 +28,7 @@ protected:
     }
 };
 
-}
+} // namespace
 
 TEST_F(AutomationToolbars, AddedToolbarIsVisibleFloatingAndEmpty)
 {
@@ -106,8 +105,7 @@ TEST_F(AutomationToolbars, SizeIsWhatTheShellReports)
 TEST_F(AutomationToolbars, DockTakesOneOfFourSides)
 {
     const Object toolbar = AddToolbar();
-    for (long side = 0; side <= 3; ++side)
-    {
+    for (long side = 0; side <= 3; ++side) {
         EXPECT_EQ(toolbar.Call(L"Dock", side).result, S_OK);
         EXPECT_EQ(toolbar.Get(L"DockStatus").Number(), side);
     }
@@ -271,9 +269,9 @@ TEST_F(AutomationToolbars, DeletedObjectsFail)
     EXPECT_EQ(toolbar.Call(L"Delete").result, S_OK);
     EXPECT_EQ(Toolbars().Get(L"Count").Number(), 0);
     for (const Outcome& outcome :
-         {toolbar.Get(L"Name"), toolbar.Put(L"Visible", true), toolbar.Call(L"Dock", 0L), toolbar.Get(L"Count"),
-          toolbar.Call(L"Delete"), toolbar.Get(L"LargeButtons"), toolbar.Get(L"Application"), b.Get(L"Macro"), b.Call(L"Delete"),
-          b.Call(L"SetBitmaps", L"", L"")})
+         {toolbar.Get(L"Name"), toolbar.Put(L"Visible", true), toolbar.Call(L"Dock", 0L),
+          toolbar.Get(L"Count"), toolbar.Call(L"Delete"), toolbar.Get(L"LargeButtons"),
+          toolbar.Get(L"Application"), b.Get(L"Macro"), b.Call(L"Delete"), b.Call(L"SetBitmaps", L"", L"")})
         ExpectRefused(outcome, RPC_E_DISCONNECTED);
 }
 

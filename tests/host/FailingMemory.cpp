@@ -19,7 +19,7 @@ int FailToAllocate(int kind, void*, size_t, int block, long, const unsigned char
     return block == _CRT_BLOCK || kind == _HOOK_FREE;
 }
 
-}
+} // namespace
 
 FailingMemory::FailingMemory()
 {
@@ -48,7 +48,7 @@ bool FailingMemory::IsPossible()
 
 #endif
 
-}
+} // namespace hosttest
 
 #else
 
@@ -81,7 +81,7 @@ void* GenuineOperatorNew()
     return reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA(kLibrary), kOperatorNew));
 }
 
-}
+} // namespace
 
 FailingMemory::FailingMemory()
 {
@@ -98,6 +98,6 @@ bool FailingMemory::IsPossible()
     return GenuineOperatorNew() != nullptr;
 }
 
-}
+} // namespace hosttest
 
 #endif

@@ -18,4 +18,4 @@ public:
     static bool IsPossible();
 };
 
-}
+} // namespace hosttest

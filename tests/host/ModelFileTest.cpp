@@ -42,7 +42,7 @@ protected:
     testkit::TempFolder m_folder;
 };
 
-}
+} // namespace
 
 TEST_F(ModelFile, BecomesAPartialGroup)
 {
@@ -67,20 +67,20 @@ TEST_F(ModelFile, BecomesAPartialGroup)
     EXPECT_EQ(PrintModel(m_model), L"menu bar: \"&Extra\"\n"
                                    L"large buttons: no\n"
                                    L"group \"BASE\" base\n"
-                                   L"group \"EXTRA\" partial file \""
-                                       + file
-                                       + L"\"\n"
-                                         L"  menu \"&Extra\" on bar\n"
-                                         L"    item \"&Line\" macro \"^C^C_line \" help \"Draws\"\n"
-                                         L"    separator\n"
-                                         L"    submenu \"&More\"\n"
-                                         L"      item \"A\"\n"
-                                         L"  toolbar \"Main\" visible floating\n"
-                                         L"    button \"Line\" macro \"^[_line \" help \"Draws\" bitmaps"
-                                         L" \"a.bmp\" \"b.bmp\"\n"
-                                         L"    separator\n"
-                                         L"    flyout \"More\" macro \"x\" opens \"Drop\"\n"
-                                         L"  toolbar \"Drop\" hidden floating\n");
+                                   L"group \"EXTRA\" partial file \"" +
+                                       file +
+                                       L"\"\n"
+                                       L"  menu \"&Extra\" on bar\n"
+                                       L"    item \"&Line\" macro \"^C^C_line \" help \"Draws\"\n"
+                                       L"    separator\n"
+                                       L"    submenu \"&More\"\n"
+                                       L"      item \"A\"\n"
+                                       L"  toolbar \"Main\" visible floating\n"
+                                       L"    button \"Line\" macro \"^[_line \" help \"Draws\" bitmaps"
+                                       L" \"a.bmp\" \"b.bmp\"\n"
+                                       L"    separator\n"
+                                       L"    flyout \"More\" macro \"x\" opens \"Drop\"\n"
+                                       L"  toolbar \"Drop\" hidden floating\n");
     EXPECT_EQ(group.menus[0]->items[0]->macro, L"\x03\x03_line ");
 }
 
@@ -121,22 +121,22 @@ TEST_F(ModelFile, InvalidFilesChangeNothing)
 {
     const std::wstring before = PrintModel(m_model);
     for (const char* text : {
-             "",                                          // no group
-             "menu &A\n",                                 // group not first
-             "group X\ngroup Y\n",                        // two groups
-             "group X\nitem A\n",                         // item in no menu
-             "group X\nmenu A\nbutton B\n",               // button in no toolbar
-             "group X\nseparator\n",                      // separator in nothing
-             "group X\nmenu A\nend\n",                    // end of nothing
-             "group X\nmenu A\nsubmenu S\nitem B\n",      // sub-menu without end
-             "group X\nmenu A\nsubmenu S\nmenu B\n",      // the same, before a menu
-             "group X\nmenu A\nbar\nbar\n",               // twice on the bar
-             "group X\nmenu A\nmenu A\n",                 // name taken
-             "group X\nmenu A\nseparator\n",              // first separator
-             "group X\ntoolbar A\nflyout B|m||||None\n",  // no such toolbar
-             "group X\ntoolbar A\nflyout B\n",            // fly-out without macro
-             "group X\nmenu A\nhidden\n",                 // hides no toolbar
-             "group X\nmenu A\nnonsense\n",               // unknown word
+             "",                                         // no group
+             "menu &A\n",                                // group not first
+             "group X\ngroup Y\n",                       // two groups
+             "group X\nitem A\n",                        // item in no menu
+             "group X\nmenu A\nbutton B\n",              // button in no toolbar
+             "group X\nseparator\n",                     // separator in nothing
+             "group X\nmenu A\nend\n",                   // end of nothing
+             "group X\nmenu A\nsubmenu S\nitem B\n",     // sub-menu without end
+             "group X\nmenu A\nsubmenu S\nmenu B\n",     // the same, before a menu
+             "group X\nmenu A\nbar\nbar\n",              // twice on the bar
+             "group X\nmenu A\nmenu A\n",                // name taken
+             "group X\nmenu A\nseparator\n",             // first separator
+             "group X\ntoolbar A\nflyout B|m||||None\n", // no such toolbar
+             "group X\ntoolbar A\nflyout B\n",           // fly-out without macro
+             "group X\nmenu A\nhidden\n",                // hides no toolbar
+             "group X\nmenu A\nnonsense\n",              // unknown word
          })
     {
         EXPECT_EQ(ReasonOfLoading(text), Refusal::FileInvalid) << text;
@@ -147,13 +147,10 @@ TEST_F(ModelFile, InvalidFilesChangeNothing)
 TEST_F(ModelFile, RefusalNamesTheLine)
 {
     const std::wstring file = Write("group X\n\nmenu A\nnonsense\n");
-    try
-    {
+    try {
         LoadMenuFile(m_model, file, MenuGroupType::Partial);
         FAIL() << "was not refused";
-    }
-    catch (const HostError& error)
-    {
+    } catch (const HostError& error) {
         EXPECT_NE(error.Description().find(L"Line 4 "), std::wstring::npos);
     }
 }
@@ -172,8 +169,7 @@ TEST_F(ModelFile, RelativeNameWithFolderIsTakenFromTheCurrentFolder)
     std::filesystem::create_directory(m_folder / L"sub");
     testkit::WriteBytes(m_folder / L"sub" / L"menu.txt", "group EXTRA");
     const CurrentFolder current(m_folder.Path());
-    for (const wchar_t* name : {L"sub\\menu.txt", L"sub/menu.txt", L".\\sub\\menu.txt"})
-    {
+    for (const wchar_t* name : {L"sub\\menu.txt", L"sub/menu.txt", L".\\sub\\menu.txt"}) {
         const std::filesystem::path found = FindMenuFile(name);
         EXPECT_TRUE(found.is_absolute()) << found;
         EXPECT_TRUE(!found.empty() && std::filesystem::equivalent(found, m_folder / L"sub" / L"menu.txt"))
@@ -207,8 +203,7 @@ TEST_F(ModelFile, GroupThatAnObserverSpoilsIsRefusedAndNotKept)
         const ModelReaction reaction(m_model, TakeAway(m_model));
         EXPECT_EQ(ReasonOf([&] { LoadMenuFile(m_model, file, MenuGroupType::Partial); }), Refusal::Gone);
     }
-    for (auto what : {ModelChange::What::Toolbar, ModelChange::What::ToolbarItem})
-    {
+    for (auto what : {ModelChange::What::Toolbar, ModelChange::What::ToolbarItem}) {
         // Takes the group away, or the button once it has its images.
         const ModelReaction reaction(m_model, [&](const ModelChange& change) {
             if (change.what != what)

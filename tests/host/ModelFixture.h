@@ -35,8 +35,7 @@ protected:
     std::wstring Labels(velmhost::ElementId menu) const
     {
         std::wstring labels;
-        for (const auto& item : m_model.FindMenu(menu)->items)
-        {
+        for (const auto& item : m_model.FindMenu(menu)->items) {
             labels += labels.empty() ? L"" : L" ";
             labels += item->type == velmhost::MenuItemType::Separator ? L"-" : item->label;
         }
@@ -45,8 +44,7 @@ protected:
     std::wstring ButtonNames(velmhost::ElementId toolbar) const
     {
         std::wstring names;
-        for (const auto& item : m_model.FindToolbar(toolbar)->items)
-        {
+        for (const auto& item : m_model.FindToolbar(toolbar)->items) {
             names += names.empty() ? L"" : L" ";
             names += item->type == velmhost::ToolbarItemType::Separator ? L"-" : item->name;
         }
@@ -64,14 +62,12 @@ protected:
 };
 
 // The reason for which `act` is refused; fails the test when it is not.
-template <class Act> velmhost::Refusal ReasonOf(Act act)
+template <class Act>
+velmhost::Refusal ReasonOf(Act act)
 {
-    try
-    {
+    try {
         act();
-    }
-    catch (const velmhost::HostError& error)
-    {
+    } catch (const velmhost::HostError& error) {
         EXPECT_FALSE(error.Description().empty());
         return error.Reason();
     }
@@ -79,4 +75,4 @@ template <class Act> velmhost::Refusal ReasonOf(Act act)
     return velmhost::Refusal::Busy;
 }
 
-}
+} // namespace hosttest

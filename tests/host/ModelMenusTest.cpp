@@ -13,7 +13,7 @@ std::wstring ManyLabels(const HostModel& model, ElementId menu)
     return std::to_wstring(HostModel::CountHierarchy(*model.FindMenu(menu)));
 }
 
-}
+} // namespace
 
 TEST_F(ModelMenus, NewModelHasOneEmptyBaseGroup)
 {

@@ -15,11 +15,12 @@ class Recorder : public HostModelObserver
 public:
     void OnModelChanged(const ModelChange& change) override
     {
-        const char* what[] = {"Group", "Menu", "MenuItem", "MenuBar", "Toolbar", "ToolbarItem", "LargeButtons"};
+        const char* what[] = {"Group",   "Menu",        "MenuItem",    "MenuBar",
+                              "Toolbar", "ToolbarItem", "LargeButtons"};
         const char* kind[] = {"Added", "Changed", "Removed"};
-        m_seen.push_back(std::string(what[static_cast<int>(change.what)]) + " "
-                         + kind[static_cast<int>(change.kind)] + " " + std::to_string(change.element) + " "
-                         + std::to_string(change.parent));
+        m_seen.push_back(std::string(what[static_cast<int>(change.what)]) + " " +
+                         kind[static_cast<int>(change.kind)] + " " + std::to_string(change.element) + " " +
+                         std::to_string(change.parent));
         if (m_react)
             m_react();
     }
@@ -38,7 +39,8 @@ protected:
     ModelObservers() { m_model.AddObserver(m_recorder); }
 
     // What is told while `act` runs.
-    template <class Act> std::vector<std::string> Told(Act act)
+    template <class Act>
+    std::vector<std::string> Told(Act act)
     {
         m_recorder.Take();
         act();
@@ -54,7 +56,7 @@ protected:
     Recorder m_recorder;
 };
 
-}
+} // namespace
 
 TEST_F(ModelObservers, AreToldOfAdditionsWithTheContainer)
 {
@@ -71,7 +73,8 @@ TEST_F(ModelObservers, AreToldOfAdditionsWithTheContainer)
 TEST_F(ModelObservers, AreToldOfChangesOnceAndNotOfTheSameValue)
 {
     const ElementId menu = AddMenu(), item = AddItem(menu, L"a");
-    EXPECT_EQ(Told([&] { m_model.SetMenuItemLabel(item, L"b"); }), Notes{Note("MenuItem Changed", item, menu)});
+    EXPECT_EQ(Told([&] { m_model.SetMenuItemLabel(item, L"b"); }),
+              Notes{Note("MenuItem Changed", item, menu)});
     EXPECT_EQ(Told([&] { m_model.SetMenuItemLabel(item, L"b"); }), Notes{});
     EXPECT_EQ(Told([&] { m_model.SetMenuItemEnabled(item, false); }),
               Notes{Note("MenuItem Changed", item, menu)});
@@ -189,7 +192,7 @@ TEST_F(ModelObservers, NeverSeeAModelWithoutBaseGroup)
         bases.push_back(m_model.Groups().empty() ? L"none" : m_model.Groups().front()->name);
     });
     const Notes notes = Told([&] { m_model.AddGroup(L"NEW", MenuGroupType::Base, L""); });
-    EXPECT_EQ(notes, (Notes{Note("Group Removed", old, 0), "MenuBar Changed 0 0",
-                            Note("Group Added", Base(), 0)}));
+    EXPECT_EQ(notes,
+              (Notes{Note("Group Removed", old, 0), "MenuBar Changed 0 0", Note("Group Added", Base(), 0)}));
     EXPECT_EQ(bases, (std::vector<std::wstring>{L"NEW", L"NEW", L"NEW"}));
 }

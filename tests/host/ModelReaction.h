@@ -43,17 +43,22 @@ inline auto TakeAway(velmhost::HostModel& model)
         using What = velmhost::ModelChange::What;
         if (change.kind != velmhost::ModelChange::Kind::Added)
             return;
-        switch (change.what)
-        {
-        case What::Group: return model.RemoveGroup(change.element);
-        case What::Menu: return model.RemoveGroup(change.parent);
-        case What::MenuItem: return model.RemoveMenuItem(change.element);
-        case What::Toolbar: return model.RemoveToolbar(change.element);
-        case What::ToolbarItem: return model.RemoveToolbarItem(change.element);
+        switch (change.what) {
+        case What::Group:
+            return model.RemoveGroup(change.element);
+        case What::Menu:
+            return model.RemoveGroup(change.parent);
+        case What::MenuItem:
+            return model.RemoveMenuItem(change.element);
+        case What::Toolbar:
+            return model.RemoveToolbar(change.element);
+        case What::ToolbarItem:
+            return model.RemoveToolbarItem(change.element);
         case What::MenuBar:
-        case What::LargeButtons: return;
+        case What::LargeButtons:
+            return;
         }
     };
 }
 
-}
+} // namespace hosttest

@@ -74,7 +74,8 @@ TEST(ModelPrinter, WholeTreeIsShown)
     model.InsertInMenuBar(tools, kAtEnd);
     const ElementId draw = model.AddToolbar(base, L"Draw").id;
     const ElementId drop = model.AddToolbar(base, L"SubToolbar").id;
-    const ElementId line = model.AddToolbarButton(draw, kAtEnd, L"Line", L"Draws a line", L"_line ", false).id;
+    const ElementId line =
+        model.AddToolbarButton(draw, kAtEnd, L"Line", L"Draws a line", L"_line ", false).id;
     model.SetToolbarItemBitmaps(line, L"l16.bmp", L"l24.bmp");
     model.AddToolbarSeparator(draw, kAtEnd);
     const ElementId flyout = model.AddToolbarButton(draw, kAtEnd, L"More", L"", L"x", true).id;

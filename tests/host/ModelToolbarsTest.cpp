@@ -156,8 +156,7 @@ TEST_F(ModelToolbars, RemovedGroupLeavesFlyoutsOfOthersWithNone)
 TEST_F(ModelToolbars, DocksAtFourSidesOnly)
 {
     const ElementId toolbar = AddToolbar();
-    for (DockStatus side : {DockStatus::Bottom, DockStatus::Left, DockStatus::Right, DockStatus::Top})
-    {
+    for (DockStatus side : {DockStatus::Bottom, DockStatus::Left, DockStatus::Right, DockStatus::Top}) {
         m_model.DockToolbar(toolbar, side);
         EXPECT_EQ(m_model.FindToolbar(toolbar)->dock, side);
     }

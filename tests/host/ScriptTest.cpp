@@ -85,7 +85,7 @@ protected:
     bool m_clientReleases = true;
 };
 
-}
+} // namespace
 
 TEST_F(OtherProcess, ScriptReadsAndBuildsMenusAndToolbars)
 {
@@ -125,14 +125,14 @@ TEST_F(OtherProcess, ClientFindsTheRunningHost)
     const std::wstring client = testkit::ProgramFolder() / L"host_client.exe";
     ASSERT_EQ(RunWhilePumping(L"\"" + client + L"\""), 0);
     EXPECT_EQ(PrintModel(m_model), L"menu bar: \"&Client\" \"&Ready\"\n"
-                                              L"large buttons: no\n"
-                                              L"group \"BASE\" base\n"
-                                              L"  menu \"&Ready\" on bar\n"
-                                              L"    item \"First\" macro \"_first \"\n"
-                                              L"  menu \"&Client\" on bar\n"
-                                              L"    item \"Item\" macro \"^C_item \"\n"
-                                              L"  toolbar \"Ready\" visible floating\n"
-                                              L"  toolbar \"Client\" visible floating\n");
+                                   L"large buttons: no\n"
+                                   L"group \"BASE\" base\n"
+                                   L"  menu \"&Ready\" on bar\n"
+                                   L"    item \"First\" macro \"_first \"\n"
+                                   L"  menu \"&Client\" on bar\n"
+                                   L"    item \"Item\" macro \"^C_item \"\n"
+                                   L"  toolbar \"Ready\" visible floating\n"
+                                   L"  toolbar \"Client\" visible floating\n");
 }
 
 TEST_F(OtherProcess, RevokedHostIsNotFound)

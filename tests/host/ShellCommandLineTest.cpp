@@ -82,7 +82,8 @@ TEST_F(ShellCommandLine, FileExitClosesTheHost)
     App().RunSteps({{StepKind::PressItem, L"File|Exit"}});
     testkit::PumpPending();
     EXPECT_EQ(App().MainFrame(), nullptr);
-    EXPECT_EQ(Sent().back(), L"\x03\x03" L"QUIT ");
+    EXPECT_EQ(Sent().back(), L"\x03\x03"
+                             L"QUIT ");
 }
 
 TEST_F(ShellCommandLine, CloseButtonClosesTheHost)
@@ -101,4 +102,4 @@ TEST_F(ShellCommandLine, DisabledHostDoesNotClose)
     Frame().EnableWindow(TRUE);
 }
 
-}
+} // namespace hosttest

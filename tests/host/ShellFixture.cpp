@@ -102,7 +102,8 @@ ElementId ShellFixture::AddBarMenu(const wchar_t* name)
     return menu;
 }
 
-ElementId ShellFixture::AddItem(ElementId menu, const wchar_t* label, const wchar_t* macro, const wchar_t* help)
+ElementId ShellFixture::AddItem(ElementId menu, const wchar_t* label, const wchar_t* macro,
+                                const wchar_t* help)
 {
     const ElementId item = Model().AddMenuItem(menu, kAtEnd, label, macro)->id;
     if (*help)
@@ -120,7 +121,8 @@ ElementId ShellFixture::AddToolbar(const wchar_t* name)
     return Model().AddToolbar(Base(), name).id;
 }
 
-ElementId ShellFixture::AddButton(ElementId toolbar, const wchar_t* name, const wchar_t* macro, const wchar_t* help)
+ElementId ShellFixture::AddButton(ElementId toolbar, const wchar_t* name, const wchar_t* macro,
+                                  const wchar_t* help)
 {
     return Model().AddToolbarButton(toolbar, kAtEnd, name, help, macro, false).id;
 }
@@ -165,7 +167,8 @@ void ShellFixture::ParkMouse()
     testkit::PumpPending();
 }
 
-void WriteBitmap(const std::filesystem::path& file, int width, int height, const std::function<COLORREF(int x, int y)>& colour)
+void WriteBitmap(const std::filesystem::path& file, int width, int height,
+                 const std::function<COLORREF(int x, int y)>& colour)
 {
     const std::size_t stride = (static_cast<std::size_t>(width) * 3 + 3) / 4 * 4;
     BITMAPFILEHEADER header{};
@@ -193,4 +196,4 @@ void WriteBitmap(const std::filesystem::path& file, int width, int height, const
     testkit::WriteBytes(file, bytes);
 }
 
-}
+} // namespace hosttest

@@ -36,15 +36,16 @@ protected:
     velmhost::ElementId Base();
     // A menu at the right end of the bar.
     velmhost::ElementId AddBarMenu(const wchar_t* name);
-    velmhost::ElementId AddItem(velmhost::ElementId menu, const wchar_t* label, const wchar_t* macro = L"macro ",
-                                const wchar_t* help = L"");
+    velmhost::ElementId AddItem(velmhost::ElementId menu, const wchar_t* label,
+                                const wchar_t* macro = L"macro ", const wchar_t* help = L"");
     // The sub-menu itself.
     velmhost::ElementId AddSubMenu(velmhost::ElementId menu, const wchar_t* label);
     velmhost::ElementId AddToolbar(const wchar_t* name);
-    velmhost::ElementId AddButton(velmhost::ElementId toolbar, const wchar_t* name, const wchar_t* macro = L"macro ",
-                                  const wchar_t* help = L"");
+    velmhost::ElementId AddButton(velmhost::ElementId toolbar, const wchar_t* name,
+                                  const wchar_t* macro = L"macro ", const wchar_t* help = L"");
     // A fly-out button that opens a toolbar of the base group, which it hides.
-    velmhost::ElementId AddFlyout(velmhost::ElementId toolbar, const wchar_t* name, velmhost::ElementId opened);
+    velmhost::ElementId AddFlyout(velmhost::ElementId toolbar, const wchar_t* name,
+                                  velmhost::ElementId opened);
 
     // Shows the model's changes and lets everything be painted.
     void Show();
@@ -62,6 +63,7 @@ private:
 };
 
 // Writes a bitmap file of 24 bits for each pixel.
-void WriteBitmap(const std::filesystem::path& file, int width, int height, const std::function<COLORREF(int x, int y)>& colour);
+void WriteBitmap(const std::filesystem::path& file, int width, int height,
+                 const std::function<COLORREF(int x, int y)>& colour);
 
-}
+} // namespace hosttest

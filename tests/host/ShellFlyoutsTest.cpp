@@ -218,4 +218,4 @@ TEST_F(ShellFlyouts, OpeningAMenuClosesFlyouts)
     EXPECT_TRUE(Flyouts().IsEmpty());
 }
 
-}
+} // namespace hosttest

@@ -16,7 +16,7 @@ void ForgetEvents()
     std::vector<std::string>().swap(events);
 }
 
-}
+} // namespace
 
 // What the test add-ins call when they are started and stopped.
 extern "C" __declspec(dllexport) void RecordAddinEvent(const char* addin, const char* event)
@@ -52,7 +52,7 @@ std::string Narrow(const std::wstring& text)
     return narrow;
 }
 
-}
+} // namespace
 
 class ShellLoader : public testing::Test
 {
@@ -80,7 +80,8 @@ TEST_F(ShellLoader, AddInsStartInOrderAndStopInReverse)
     EXPECT_EQ(Load(L"SecondTestAddin.arx"), "");
     EXPECT_EQ(m_loader.FileNames().size(), 2u);
     EXPECT_TRUE(m_loader.UnloadAll().empty());
-    EXPECT_THAT(events, ElementsAre("start FirstTestAddin", "start SecondTestAddin", "stop SecondTestAddin", "stop FirstTestAddin"));
+    EXPECT_THAT(events, ElementsAre("start FirstTestAddin", "start SecondTestAddin", "stop SecondTestAddin",
+                                    "stop FirstTestAddin"));
     EXPECT_FALSE(IsInProcess(L"FirstTestAddin.arx"));
     EXPECT_FALSE(IsInProcess(L"SecondTestAddin.arx"));
 }
@@ -135,7 +136,8 @@ TEST_F(ShellLoader, OthersAreStoppedWhenOneThrowsInItsStop)
     EXPECT_EQ(Load(L"SecondTestAddin.arx"), "");
     const std::vector<std::wstring> failures = m_loader.UnloadAll();
     ASSERT_EQ(failures.size(), 1u);
-    EXPECT_THAT(Narrow(failures[0]), testing::AllOf(HasSubstr("StopThrowingTestAddin"), HasSubstr("the pens are stuck")));
+    EXPECT_THAT(Narrow(failures[0]),
+                testing::AllOf(HasSubstr("StopThrowingTestAddin"), HasSubstr("the pens are stuck")));
     EXPECT_THAT(events, testing::Contains("stop FirstTestAddin"));
     EXPECT_FALSE(IsInProcess(L"StopThrowingTestAddin.arx"));
 }
@@ -173,7 +175,8 @@ TEST_F(ShellAddins, FailureIsToldInAMessageBoxAndTheHostGoesOn)
     EXPECT_FALSE(App().LoadAddin(L"NoSuchAddin.arx"));
     ASSERT_EQ(boxes.Boxes().size(), 1u);
     EXPECT_THAT(Narrow(boxes.Boxes()[0].text),
-                testing::AllOf(HasSubstr("NoSuchAddin.arx"), HasSubstr(Narrow(SystemErrorText(ERROR_MOD_NOT_FOUND)))));
+                testing::AllOf(HasSubstr("NoSuchAddin.arx"),
+                               HasSubstr(Narrow(SystemErrorText(ERROR_MOD_NOT_FOUND)))));
     EXPECT_EQ(App().ExitStatus(), 0);
     EXPECT_TRUE(Frame().IsWindowVisible());
 }
@@ -207,4 +210,4 @@ TEST_F(ShellAddins, ClosingTheWindowStopsAddInsBeforeItGoes)
     ForgetEvents();
 }
 
-}
+} // namespace hosttest

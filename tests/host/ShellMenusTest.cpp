@@ -28,7 +28,8 @@ std::wstring LabelAt(HMENU menu, UINT position)
     return text;
 }
 
-// One word for each entry: its label, "-" for a separator, "!" before what is disabled, "*" before what is checked,
+// One word for each entry: its label, "-" for a separator, "!" before what is disabled, "*" before what is
+// checked,
 // "(...)" after what has a sub-menu.
 std::wstring Describe(HMENU menu)
 {
@@ -61,7 +62,7 @@ CPoint EntryPoint(HWND frame, HMENU menu, UINT position)
     return rect.CenterPoint();
 }
 
-}
+} // namespace
 
 class ShellMenus : public ShellFixture
 {
@@ -72,7 +73,8 @@ protected:
         EXPECT_TRUE(testkit::PumpUntil([this] { return Frame().IsUpToDate(); }));
         return Describe(::GetMenu(Frame().m_hWnd));
     }
-    // Opens the last menu of the bar with the mouse, makes `act` step by step while it is open, and closes it.
+    // Opens the last menu of the bar with the mouse, makes `act` step by step while it is open, and closes
+    // it.
     bool WhileLastMenuIsOpen(const std::vector<testkit::Script::Step>& steps)
     {
         Show();
@@ -291,7 +293,8 @@ TEST_F(ShellMenus, ThousandsOfEntriesAreShownAndAnswer)
     Model().Policies().menuItemLimit = kEntries;
     const ElementId menu = AddBarMenu(L"Many");
     for (int i = 0; i < kEntries; ++i)
-        AddItem(menu, (L"Item " + std::to_wstring(i)).c_str(), (L"send " + std::to_wstring(i) + L" ").c_str());
+        AddItem(menu, (L"Item " + std::to_wstring(i)).c_str(),
+                (L"send " + std::to_wstring(i) + L" ").c_str());
     Show();
     const HMENU shown = ::GetSubMenu(::GetMenu(Frame().m_hWnd), 1);
     ASSERT_EQ(::GetMenuItemCount(shown), kEntries);
@@ -305,7 +308,8 @@ TEST_F(ShellMenus, ItemBelowTheScreensEdgeIsReached)
 {
     const ElementId menu = AddBarMenu(L"Many");
     for (int i = 0; i < 200; ++i)
-        AddItem(menu, (L"Item " + std::to_wstring(i)).c_str(), (L"send " + std::to_wstring(i) + L" ").c_str());
+        AddItem(menu, (L"Item " + std::to_wstring(i)).c_str(),
+                (L"send " + std::to_wstring(i) + L" ").c_str());
     EXPECT_TRUE(RunSteps({{StepKind::PressItem, L"Many|Item 197"}}));
     EXPECT_EQ(Sent(), std::vector<std::wstring>{L"send 197 "});
 }
@@ -336,7 +340,8 @@ TEST_F(ShellMenus, ItemThirtyLevelsDownIsClicked)
         path += L"|L" + std::to_wstring(i);
     }
     AddItem(menu, L"Bottom", L"bottom ");
-    testkit::AllowGrowth(testkit::GdiObjects, 3, "one device context, with region and bitmap, for each window painted at a time");
+    testkit::AllowGrowth(testkit::GdiObjects, 3,
+                         "one device context, with region and bitmap, for each window painted at a time");
     EXPECT_TRUE(RunSteps({{StepKind::PressItem, path + L"|Bottom"}}));
     EXPECT_EQ(Sent(), std::vector<std::wstring>{L"bottom "});
 }
@@ -356,4 +361,4 @@ TEST_F(ShellMenus, RightClickOnTheSheetOpensTheShortcutMenu)
     EXPECT_EQ(Sent(), std::vector<std::wstring>{L"again "});
 }
 
-}
+} // namespace hosttest

@@ -17,7 +17,7 @@ ShellOptions Parse(const std::vector<std::wstring>& arguments)
     return ShellOptions::Parse(arguments);
 }
 
-}
+} // namespace
 
 TEST(ShellOptions, NothingGivenAsksForNothing)
 {
@@ -31,20 +31,24 @@ TEST(ShellOptions, NothingGivenAsksForNothing)
 
 TEST(ShellOptions, FlagsAreTakenAnywhere)
 {
-    const ShellOptions options = Parse({L"--batch", L"a.arx", L"--tree", L"b.dll", L"--history", L"--large-buttons", L"--no-register"});
+    const ShellOptions options = Parse(
+        {L"--batch", L"a.arx", L"--tree", L"b.dll", L"--history", L"--large-buttons", L"--no-register"});
     EXPECT_EQ(options.error, L"");
-    EXPECT_TRUE(options.batch && options.tree && options.history && options.largeButtons && options.noRegister);
+    EXPECT_TRUE(options.batch && options.tree && options.history && options.largeButtons &&
+                options.noRegister);
     EXPECT_EQ(options.addins, (std::vector<std::wstring>{L"a.arx", L"b.dll"}));
 }
 
 TEST(ShellOptions, StepsKeepTheirOrder)
 {
-    const ShellOptions options = Parse({L"--open-menu", L"A|B", L"--screenshot=x.png", L"--close-popups", L"--press-item", L"A|C",
-                                        L"--press-button", L"T|U", L"--open-flyout", L"T|V", L"--type", L"LINE", L"--wait-idle", L"--exit"});
+    const ShellOptions options = Parse({L"--open-menu", L"A|B", L"--screenshot=x.png", L"--close-popups",
+                                        L"--press-item", L"A|C", L"--press-button", L"T|U", L"--open-flyout",
+                                        L"T|V", L"--type", L"LINE", L"--wait-idle", L"--exit"});
     ASSERT_EQ(options.error, L"");
     ASSERT_EQ(options.steps.size(), 9u);
-    const StepKind kinds[] = {StepKind::OpenMenu,    StepKind::Screenshot, StepKind::ClosePopups, StepKind::PressItem, StepKind::PressButton,
-                              StepKind::OpenFlyout,  StepKind::Type,       StepKind::WaitIdle,    StepKind::Exit};
+    const StepKind kinds[] = {StepKind::OpenMenu,  StepKind::Screenshot,  StepKind::ClosePopups,
+                              StepKind::PressItem, StepKind::PressButton, StepKind::OpenFlyout,
+                              StepKind::Type,      StepKind::WaitIdle,    StepKind::Exit};
     const wchar_t* arguments[] = {L"A|B", L"x.png", L"", L"A|C", L"T|U", L"T|V", L"LINE", L"", L""};
     for (std::size_t i = 0; i < 9; ++i) {
         EXPECT_EQ(options.steps[i].kind, kinds[i]) << i;
@@ -71,7 +75,8 @@ TEST(ShellOptions, SizeIsWidthByHeight)
 
 TEST(ShellOptions, BadSizesAreRefused)
 {
-    for (const wchar_t* size : {L"800", L"800x", L"x600", L"800x600x1", L"800*600", L"319x600", L"800x239", L"99999x600", L"", L"-800x600"})
+    for (const wchar_t* size : {L"800", L"800x", L"x600", L"800x600x1", L"800*600", L"319x600", L"800x239",
+                                L"99999x600", L"", L"-800x600"})
         EXPECT_NE(Parse({L"--size", size}).error, L"") << size;
     EXPECT_NE(Parse({L"--size"}).error, L"");
 }
@@ -84,7 +89,8 @@ TEST(ShellOptions, UnknownOptionsAreNamed)
 
 TEST(ShellOptions, MissingAndNeedlessArgumentsAreRefused)
 {
-    for (const wchar_t* option : {L"--press-item", L"--press-button", L"--open-menu", L"--open-flyout", L"--type", L"--screenshot"})
+    for (const wchar_t* option :
+         {L"--press-item", L"--press-button", L"--open-menu", L"--open-flyout", L"--type", L"--screenshot"})
         EXPECT_NE(Parse({option}).error.find(option), std::wstring::npos) << option;
     EXPECT_NE(Parse({L"--exit=now"}).error, L"");
     EXPECT_NE(Parse({L"--batch=yes"}).error, L"");
@@ -107,9 +113,9 @@ TEST(ShellOptions, HelpNamesEveryOption)
 {
     const std::wstring help = ShellOptions::HelpText();
     for (const wchar_t* option :
-         {L"--help", L"--version", L"--tree", L"--history", L"--screenshot", L"--large-buttons", L"--batch", L"--press-item", L"--press-button",
-          L"--open-menu", L"--open-flyout", L"--close-popups", L"--type", L"--wait-idle", L"--exit", L"--size", L"--no-register", L"--register",
-          L"--unregister"})
+         {L"--help", L"--version", L"--tree", L"--history", L"--screenshot", L"--large-buttons", L"--batch",
+          L"--press-item", L"--press-button", L"--open-menu", L"--open-flyout", L"--close-popups", L"--type",
+          L"--wait-idle", L"--exit", L"--size", L"--no-register", L"--register", L"--unregister"})
         EXPECT_NE(help.find(option), std::wstring::npos) << option;
 }
 
@@ -147,4 +153,4 @@ TEST(CommandText, PathsSplitAtBars)
     EXPECT_EQ(SplitLabelPath(L""), std::vector<std::wstring>{L""});
 }
 
-}
+} // namespace hosttest

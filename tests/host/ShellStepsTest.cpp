@@ -68,7 +68,9 @@ TEST_F(ShellSteps, OpenFlyoutStaysOpenUntilPopupsAreClosed)
 TEST_F(ShellSteps, OpenMenusAreClosedOneLevelAtATime)
 {
     AddItem(AddSubMenu(AddBarMenu(L"Tools"), L"More"), L"Arc", L"arc ");
-    EXPECT_TRUE(RunSteps({{StepKind::OpenMenu, L"Tools|More"}, {StepKind::ClosePopups, L""}, {StepKind::PressItem, L"Tools|More|Arc"}}));
+    EXPECT_TRUE(RunSteps({{StepKind::OpenMenu, L"Tools|More"},
+                          {StepKind::ClosePopups, L""},
+                          {StepKind::PressItem, L"Tools|More|Arc"}}));
     EXPECT_FALSE(Frame().IsMenuOpen());
     EXPECT_EQ(Sent(), std::vector<std::wstring>{L"arc "});
 }
@@ -121,7 +123,8 @@ TEST_F(ShellSteps, ScreenshotHasTheSizeOfTheWindow)
     std::memcpy(&info, bytes.data() + 14, sizeof info);
     EXPECT_EQ(info.biWidth, window.Width());
     EXPECT_EQ(info.biHeight, window.Height());
-    EXPECT_EQ(bytes.size(), 54u + static_cast<std::size_t>(window.Width()) * static_cast<std::size_t>(window.Height()) * 4);
+    EXPECT_EQ(bytes.size(),
+              54u + static_cast<std::size_t>(window.Width()) * static_cast<std::size_t>(window.Height()) * 4);
 
     // A PNG file begins with eight fixed bytes; width and height stand in its first chunk, high byte first.
     const std::string image = testkit::ReadBytes(folder / L"picture.png");
@@ -186,7 +189,8 @@ TEST_F(HostProgramRun, TreeIsPrintedAndTheProgramEnds)
 
 TEST_F(HostProgramRun, HistoryIsPrintedAfterTheSteps)
 {
-    const testkit::ProgramResult result = Run({L"--history", L"--batch", L"--no-register", L"--type", L"circle", L"--press-item", L"File|Exit"});
+    const testkit::ProgramResult result = Run(
+        {L"--history", L"--batch", L"--no-register", L"--type", L"circle", L"--press-item", L"File|Exit"});
     ASSERT_TRUE(result.ended);
     EXPECT_EQ(result.exitCode, 0u);
     EXPECT_EQ(result.output, "circle\n^C^CQUIT \n");
@@ -223,4 +227,4 @@ TEST_F(HostProgramRun, StepsEndTheProgramThroughMenusLeftOpen)
     EXPECT_EQ(result.exitCode, 0u);
 }
 
-}
+} // namespace hosttest

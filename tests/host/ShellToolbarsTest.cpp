@@ -32,7 +32,8 @@ bool Overlap(const CRect& left, const CRect& right)
 TBBUTTON ButtonAt(const CToolbarPane& pane, int position)
 {
     TBBUTTON button{};
-    ::SendMessageW(pane.Control(), TB_GETBUTTON, static_cast<WPARAM>(position), reinterpret_cast<LPARAM>(&button));
+    ::SendMessageW(pane.Control(), TB_GETBUTTON, static_cast<WPARAM>(position),
+                   reinterpret_cast<LPARAM>(&button));
     return button;
 }
 
@@ -55,8 +56,8 @@ std::wstring TooltipText(HWND tooltip)
 
 constexpr COLORREF kMarker = RGB(250, 1, 252);
 
-// A picture of `side` pixels in which no two neighbours are alike, with a marker in the upper left corner and a
-// transparent pixel beside it.
+// A picture of `side` pixels in which no two neighbours are alike, with a marker in the upper left corner and
+// a transparent pixel beside it.
 COLORREF TestPixel(int x, int y)
 {
     if (x == 0 && y == 0)
@@ -66,7 +67,7 @@ COLORREF TestPixel(int x, int y)
     return RGB(x * 10, y * 10, (x + y) % 2 ? 200 : 40);
 }
 
-}
+} // namespace
 
 class ShellToolbars : public ShellFixture
 {
@@ -172,7 +173,9 @@ TEST_F(ShellToolbars, ModelIsToldWhereAToolbarIs)
 TEST_F(ShellToolbars, DockedToolbarsStandAlongTheirEdgesSideBySide)
 {
     std::vector<ElementId> toolbars;
-    for (const DockStatus side : {DockStatus::Top, DockStatus::Top, DockStatus::Bottom, DockStatus::Left, DockStatus::Left, DockStatus::Right}) {
+    for (const DockStatus side : {DockStatus::Top, DockStatus::Top, DockStatus::Bottom, DockStatus::Left,
+                                  DockStatus::Left, DockStatus::Right})
+    {
         toolbars.push_back(AddToolbar((L"Bar " + std::to_wstring(toolbars.size())).c_str()));
         for (int i = 0; i < 4; ++i)
             AddButton(toolbars.back(), L"B");
@@ -332,7 +335,8 @@ TEST_F(ShellToolbars, LargeButtonsShowTheLargePicture)
     testkit::TempFolder folder;
     const ElementId toolbar = AddToolbar(L"Draw");
     const ElementId line = AddButton(toolbar, L"Line");
-    Model().SetToolbarItemBitmaps(line, WriteTestBitmap(folder, L"l16.bmp", 16), WriteTestBitmap(folder, L"l24.bmp", 24));
+    Model().SetToolbarItemBitmaps(line, WriteTestBitmap(folder, L"l16.bmp", 16),
+                                  WriteTestBitmap(folder, L"l24.bmp", 24));
     Show();
     const CSize small = Pane(toolbar).ButtonRect(0).Size();
     Model().SetLargeButtons(true);
@@ -352,7 +356,9 @@ TEST_F(ShellToolbars, PictureOfAnotherSizeIsScaled)
 {
     testkit::TempFolder folder;
     const auto quarters = [](int side) {
-        return [side](int x, int y) { return x < side / 2 ? (y < side / 2 ? RGB(255, 0, 0) : RGB(0, 255, 0)) : RGB(0, 0, 255); };
+        return [side](int x, int y) {
+            return x < side / 2 ? (y < side / 2 ? RGB(255, 0, 0) : RGB(0, 255, 0)) : RGB(0, 0, 255);
+        };
     };
     const ElementId toolbar = AddToolbar(L"Draw");
     for (const int side : {8, 32, 64}) {
@@ -389,8 +395,10 @@ TEST_F(ShellToolbars, ButtonWithoutAUsableFileIsBlankButWorks)
     testkit::WriteBytes(folder / L"broken.bmp", "BM this is no bitmap");
     WriteBitmap(folder / L"empty.bmp", 16, 16, [](int, int) { return RGB(192, 192, 192); });
     const ElementId toolbar = AddToolbar(L"Draw");
-    for (const std::wstring& file : {(folder / L"missing.bmp").wstring(), (folder / L"broken.bmp").wstring(),
-                                     (folder / L"empty.bmp").wstring(), folder.Path().wstring(), std::wstring()}) {
+    for (const std::wstring& file :
+         {(folder / L"missing.bmp").wstring(), (folder / L"broken.bmp").wstring(),
+          (folder / L"empty.bmp").wstring(), folder.Path().wstring(), std::wstring()})
+    {
         const ElementId item = AddButton(toolbar, L"Blank", L"works ");
         Model().SetToolbarItemBitmaps(item, file, file);
         Show();
@@ -457,4 +465,4 @@ TEST_F(ShellToolbars, HiddenHostHidesWhatFloats)
     EXPECT_TRUE(Pane(toolbar).IsWindowVisible());
 }
 
-}
+} // namespace hosttest

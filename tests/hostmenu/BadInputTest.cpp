@@ -32,7 +32,8 @@ TEST_F(BadInput, OfACharacterThatXmlForbidsIsNotLoaded)
 {
     // A control character, a number that is no character, and the halves of a surrogate pair alone.
     for (const int character : {0x0001, 0xFFFE, 0xD83D, 0xDE00}) {
-        EXPECT_THAT(MessagesWith(static_cast<wchar_t>(character)), ElementsAre(L"MenuToolbar XML is not loaded"))
+        EXPECT_THAT(MessagesWith(static_cast<wchar_t>(character)),
+                    ElementsAre(L"MenuToolbar XML is not loaded"))
             << std::hex << character;
     }
     EXPECT_THAT(recording::Log(), IsEmpty());

@@ -218,7 +218,8 @@ TEST_F(DocumentFailure, AsksForEachLengthOnceAndForThatManyNodes)
 TEST_F(DocumentFailure, AsksForTheLengthOfAFlyoutOnce)
 {
     CFailingDocuments documents;
-    Build(LR"(<r><Toolbars><Toolbar ImageList="a"><x ImageList="b"/><y ImageList="c"/></Toolbar></Toolbars></r>)");
+    Build(
+        LR"(<r><Toolbars><Toolbar ImageList="a"><x ImageList="b"/><y ImageList="c"/></Toolbar></Toolbars></r>)");
     // The two selections, the fly-out's children, and the children of each of them.
     EXPECT_EQ(documents.Count(DomCall::Length), 2 + 1 + 2);
     EXPECT_EQ(documents.Count(DomCall::NextNode), 1 + 2);
@@ -271,7 +272,8 @@ TEST_F(DocumentFailure, InOneOfTheWalkersLeavesNothingBehind)
 {
     for (const auto& [text, call] : std::initializer_list<std::pair<const wchar_t*, DomCall>>{
              {LR"(<m Name="x" Help="h"><n/></m>)", DomCall::NextNode},
-             {LR"(<m Name="x" Help="h"><n/></m>)", DomCall::NodeValue}}) {
+             {LR"(<m Name="x" Help="h"><n/></m>)", DomCall::NodeValue}})
+    {
         recording::Reset();
         CFailingDocuments documents;
         {

@@ -20,8 +20,8 @@ public:
 
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override
     {
-        const bool isKnown = IsEqualIID(iid, __uuidof(Interface)) || IsEqualIID(iid, IID_IDispatch)
-                             || IsEqualIID(iid, IID_IUnknown);
+        const bool isKnown = IsEqualIID(iid, __uuidof(Interface)) || IsEqualIID(iid, IID_IDispatch) ||
+                             IsEqualIID(iid, IID_IUnknown);
         *object = isKnown ? static_cast<Interface*>(this) : nullptr;
         if (!isKnown)
             return E_NOINTERFACE;
@@ -167,7 +167,8 @@ HRESULT CreateRealDocument(IXMLDOMDocument2** document)
     IClassFactory* factory = nullptr;
     HRESULT result = getClassObject(VelmDomDocument60, IID_IClassFactory, reinterpret_cast<void**>(&factory));
     if (SUCCEEDED(result)) {
-        result = factory->CreateInstance(nullptr, __uuidof(IXMLDOMDocument2), reinterpret_cast<void**>(document));
+        result =
+            factory->CreateInstance(nullptr, __uuidof(IXMLDOMDocument2), reinterpret_cast<void**>(document));
         factory->Release();
     }
     return result;
@@ -207,12 +208,13 @@ public:
 
 CDocumentFactory theFactory;
 
-}
+} // namespace
 
 CFailingDocuments::CFailingDocuments()
 {
     theDocuments = this;
-    CoRegisterClassObject(VelmDomDocument60, &theFactory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &m_registration);
+    CoRegisterClassObject(VelmDomDocument60, &theFactory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
+                          &m_registration);
 }
 
 CFailingDocuments::~CFailingDocuments()

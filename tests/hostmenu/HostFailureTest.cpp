@@ -111,7 +111,8 @@ TEST_F(HostFailure, InTheMenuPhaseShowsBothTextsAndGoesOnWithTheToolbar)
         recording::InCall(call + 1, [&] { boxesBeforeToolbar = boxes.Boxes().size(); });
         Build(Description);
 
-        EXPECT_THAT(boxes.Texts(), ElementsAre(L"Unable to Load Menu", L"The host refuses the menu.")) << call;
+        EXPECT_THAT(boxes.Texts(), ElementsAre(L"Unable to Load Menu", L"The host refuses the menu."))
+            << call;
         EXPECT_EQ(boxesBeforeToolbar, 2u) << call;
         // What was asked for up to the failing call stays asked for, then the whole toolbar follows.
         std::vector<std::wstring> expected = MenuLog();
@@ -129,7 +130,8 @@ TEST_F(HostFailure, InTheToolbarPhaseShowsBothTextsAndEnds)
         recording::InCall(call, [] { AfxThrowOleDispatchException(0, L"The host refuses the toolbar."); });
         Build(Description);
 
-        EXPECT_THAT(boxes.Texts(), ElementsAre(L"Unable to Load Toolbar", L"The host refuses the toolbar.")) << call;
+        EXPECT_THAT(boxes.Texts(), ElementsAre(L"Unable to Load Toolbar", L"The host refuses the toolbar."))
+            << call;
         std::vector<std::wstring> expected = Joined(MenuLog(), ToolbarLog(2));
         expected.resize(call);
         EXPECT_EQ(recording::Log(), expected) << call;
@@ -157,7 +159,8 @@ TEST_F(HostFailure, InBothPhasesShowsFourTextsInOrder)
     recording::InCall(1, [] { AfxThrowOleDispatchException(0, L"no menu"); });
     recording::InCall(2, [] { AfxThrowOleDispatchException(0, L"no toolbar"); });
     Build(Description);
-    EXPECT_THAT(Messages(), ElementsAre(L"Unable to Load Menu", L"no menu", L"Unable to Load Toolbar", L"no toolbar"));
+    EXPECT_THAT(Messages(),
+                ElementsAre(L"Unable to Load Menu", L"no menu", L"Unable to Load Toolbar", L"no toolbar"));
     for (const testkit::MessageBoxRecord& box : m_boxes.Boxes()) {
         EXPECT_THAT(box.buttons, testing::SizeIs(1));
     }
@@ -185,7 +188,8 @@ TEST_F(HostFailure, DuringTheWalkFindsAnApplicationThatHasGone)
     // The fly-out asks for the application anew.
     recording::InCall(7, [] { OfferApplication(false); });
     Build(Description);
-    EXPECT_THAT(Messages(), ElementsAre(L"Unable to Load Toolbar", L"The host application is not available."));
+    EXPECT_THAT(Messages(),
+                ElementsAre(L"Unable to Load Toolbar", L"The host application is not available."));
     EXPECT_EQ(recording::CallCount(), 7);
 }
 

@@ -36,14 +36,15 @@ inline std::wstring InQuotes(const std::wstring& text)
 
 // The line of the companion's log for a button. `macro` and `toolTip` as they stand there, in quotation
 // marks or null.
-inline std::wstring ButtonLine(const std::wstring& toolbar, const std::wstring& macro, const std::wstring& toolTip,
-                               const std::wstring& image, const std::wstring& flyout = L"null",
+inline std::wstring ButtonLine(const std::wstring& toolbar, const std::wstring& macro,
+                               const std::wstring& toolTip, const std::wstring& image,
+                               const std::wstring& flyout = L"null",
                                const std::wstring& folder = ProgramFolder())
 {
-    return L"Append_ToolBarItem(" + toolbar + L", " + macro + L", " + toolTip + L", "
-           + InQuotes(folder + L"Bmps\\" + image + L"16.bmp") + L", "
-           + InQuotes(folder + L"Bmps\\" + image + L"24.bmp") + L", "
-           + (flyout == L"null" ? L"false" : L"true") + L", " + flyout + L")";
+    return L"Append_ToolBarItem(" + toolbar + L", " + macro + L", " + toolTip + L", " +
+           InQuotes(folder + L"Bmps\\" + image + L"16.bmp") + L", " +
+           InQuotes(folder + L"Bmps\\" + image + L"24.bmp") + L", " +
+           (flyout == L"null" ? L"false" : L"true") + L", " + flyout + L")";
 }
 
 inline std::wstring ItemLine(const std::wstring& menu, const std::wstring& label, const std::wstring& macro,
@@ -82,8 +83,8 @@ protected:
     {
         IXMLDOMDocumentPtr document;
         VARIANT_BOOL isLoaded = VARIANT_FALSE;
-        if (FAILED(document.CreateInstance(VelmDomDocument60, nullptr, CLSCTX_INPROC_SERVER))
-            || FAILED(document->loadXML(_bstr_t(text.c_str()), &isLoaded)) || isLoaded == VARIANT_FALSE)
+        if (FAILED(document.CreateInstance(VelmDomDocument60, nullptr, CLSCTX_INPROC_SERVER)) ||
+            FAILED(document->loadXML(_bstr_t(text.c_str()), &isLoaded)) || isLoaded == VARIANT_FALSE)
             ADD_FAILURE() << "not loaded: " << testkit::Quoted(text);
         return document;
     }

@@ -83,9 +83,10 @@ TEST_F(LargeInput, TakesHoldersNamesOfFiveThousandCharacters)
     const std::wstring menu(5000, L'm');
     const std::wstring toolbar(5000, L't');
     Build(L"<r><Menus Name=\"" + menu + L"\"/><Toolbars Name=\"" + toolbar + L"\"/></r>");
-    EXPECT_THAT(recording::Log(), ElementsAre(L"menu1 = Create_ACADMenu(app, " + InQuotes(menu) + L")",
-                                              L"toolbar2 = Create_ACADToolBar(app, " + InQuotes(toolbar) + L")",
-                                              L"SetVisible(toolbar2, 1)"));
+    EXPECT_THAT(recording::Log(),
+                ElementsAre(L"menu1 = Create_ACADMenu(app, " + InQuotes(menu) + L")",
+                            L"toolbar2 = Create_ACADToolBar(app, " + InQuotes(toolbar) + L")",
+                            L"SetVisible(toolbar2, 1)"));
 }
 
 TEST_F(LargeInput, TakesAModuleInADeepFolderBeyondAscii)
@@ -121,8 +122,8 @@ TEST_F(LargeInput, BuildsTenThousandEntriesWithLongTextsFromAResource)
     const auto isLong = [](int i) { return i % 100 == 99; };
     std::string text = "<r><Menus Name='m'>";
     for (int i = 0; i < ManyEntries; ++i) {
-        text += "<Menu Name='" + std::to_string(i) + "' Cmd='" + (isLong(i) ? std::string(5000, 'c') : "C")
-                + "' Help='" + (isLong(i) ? std::string(5000, 'h') : "H") + "'/>";
+        text += "<Menu Name='" + std::to_string(i) + "' Cmd='" + (isLong(i) ? std::string(5000, 'c') : "C") +
+                "' Help='" + (isLong(i) ? std::string(5000, 'h') : "H") + "'/>";
     }
     text += "</Menus></r>";
     const CDeepAddin addin(text);

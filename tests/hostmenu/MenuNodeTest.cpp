@@ -32,7 +32,10 @@ protected:
 class CRefusingNode : public CUnimplementedNode<IXMLDOMNode>
 {
 public:
-    explicit CRefusingNode(HRESULT result, IXMLDOMNode* mapOwner = nullptr) : m_result(result), m_mapOwner(mapOwner) {}
+    explicit CRefusingNode(HRESULT result, IXMLDOMNode* mapOwner = nullptr)
+        : m_result(result), m_mapOwner(mapOwner)
+    {
+    }
 
     STDMETHODIMP QueryInterface(REFIID, void** object) override
     {
@@ -112,7 +115,8 @@ TEST_F(MenuNode, MakesAnItemOfAnElementWhoseAttributesAreAllUnknown)
 // An element always has an attribute map, if an empty one.
 TEST_F(MenuNode, MakesAnItemOfAnElementWithoutAnyAttribute)
 {
-    EXPECT_THAT(Process(L"<Menu/>"), ElementsAre(LR"(Append_MenuItem(menu1, null, null, null, true, false))"));
+    EXPECT_THAT(Process(L"<Menu/>"),
+                ElementsAre(LR"(Append_MenuItem(menu1, null, null, null, true, false))"));
 }
 
 TEST_F(MenuNode, TellsAttributeNamesApartByCase)
@@ -135,7 +139,8 @@ TEST_F(MenuNode, MakesACascadeOfAnEmptyHelp)
 
 TEST_F(MenuNode, MakesACascadeWithANullLabelOfHelpAlone)
 {
-    EXPECT_THAT(Process(LR"(<Menu Help="Drawing"/>)"), ElementsAre(LR"(submenu2 = Append_SubMenu(menu1, null))"));
+    EXPECT_THAT(Process(LR"(<Menu Help="Drawing"/>)"),
+                ElementsAre(LR"(submenu2 = Append_SubMenu(menu1, null))"));
 }
 
 TEST_F(MenuNode, ReadsAttributesInAnyOrder)
@@ -179,8 +184,9 @@ TEST_F(MenuNode, AddsTheChildrenOfACascadeToItsSubMenu)
 
 TEST_F(MenuNode, IgnoresTheChildrenOfAnItem)
 {
-    EXPECT_THAT(Process(LR"(<Menu Name="x" Cmd="" Help="h"><Menu Name="y" Help="h"/><Menu Name="z"/></Menu>)"),
-                ElementsAre(LR"(Append_MenuItem(menu1, "x", " ", "h", true, false))"));
+    EXPECT_THAT(
+        Process(LR"(<Menu Name="x" Cmd="" Help="h"><Menu Name="y" Help="h"/><Menu Name="z"/></Menu>)"),
+        ElementsAre(LR"(Append_MenuItem(menu1, "x", " ", "h", true, false))"));
     recording::Reset();
     EXPECT_THAT(Process(LR"(<Menu Name="x"><Menu Name="y" Help="h"/></Menu>)"),
                 ElementsAre(LR"(Append_MenuItem(menu1, "x", null, null, true, false))"));
@@ -261,14 +267,15 @@ TEST_F(MenuNode, TakesTextsBeyondAscii)
     // A surrogate pair, a combining accent, right-to-left letters, control characters for direction.
     const std::wstring text = L"\U0001F600 e\u0301 \u05E9\u05DC\u05D5\u05DD \u202E\u6F22\u200F";
     EXPECT_THAT(Process(L"<Menu Name=\"" + text + L"\" Cmd=\"" + text + L"\" Help=\"" + text + L"\"/>"),
-                ElementsAre(L"Append_MenuItem(menu1, \"" + text + L"\", \"" + text + L" \", \"" + text
-                            + L"\", true, false)"));
+                ElementsAre(L"Append_MenuItem(menu1, \"" + text + L"\", \"" + text + L" \", \"" + text +
+                            L"\", true, false)"));
 }
 
 TEST_F(MenuNode, TakesEntitiesAsTheCharactersTheyStandFor)
 {
-    EXPECT_THAT(Process(LR"(<Menu Name="&amp;Tools &lt;&gt;&quot;&apos;" Cmd="&#x1F600;&#65;"/>)"),
-                ElementsAre(L"Append_MenuItem(menu1, \"&Tools <>\"'\", \"\U0001F600A \", null, true, false)"));
+    EXPECT_THAT(
+        Process(LR"(<Menu Name="&amp;Tools &lt;&gt;&quot;&apos;" Cmd="&#x1F600;&#65;"/>)"),
+        ElementsAre(L"Append_MenuItem(menu1, \"&Tools <>\"'\", \"\U0001F600A \", null, true, false)"));
 }
 
 TEST_F(MenuNode, TakesLineEndsInAttributesAsBlanks)

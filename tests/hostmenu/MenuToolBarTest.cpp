@@ -26,7 +26,8 @@ protected:
         HostMenuTest::TearDown();
     }
 
-    static std::vector<std::wstring> Built(const std::wstring& text, const std::wstring& moduleName = ProgramName())
+    static std::vector<std::wstring> Built(const std::wstring& text,
+                                           const std::wstring& moduleName = ProgramName())
     {
         Build(text, moduleName);
         return recording::Log();
@@ -67,23 +68,23 @@ TEST_F(MenuToolBar, BuildsTheMenuAndThenTheToolbar)
 TEST_F(MenuToolBar, MakesMenuAndToolbarWithEmptyNamesOfADocumentWithoutEither)
 {
     EXPECT_THAT(Built(L"<r/>"),
-                ElementsAre(LR"(menu1 = Create_ACADMenu(app, ""))", LR"(toolbar2 = Create_ACADToolBar(app, ""))",
-                            L"SetVisible(toolbar2, 1)"));
+                ElementsAre(LR"(menu1 = Create_ACADMenu(app, ""))",
+                            LR"(toolbar2 = Create_ACADToolBar(app, ""))", L"SetVisible(toolbar2, 1)"));
     EXPECT_THAT(Messages(), IsEmpty());
 }
 
 TEST_F(MenuToolBar, MakesMenuAndToolbarWithEmptyNamesWithoutAName)
 {
     EXPECT_THAT(Built(LR"(<r><Menus Title="t"/><Toolbars/></r>)"),
-                ElementsAre(LR"(menu1 = Create_ACADMenu(app, ""))", LR"(toolbar2 = Create_ACADToolBar(app, ""))",
-                            L"SetVisible(toolbar2, 1)"));
+                ElementsAre(LR"(menu1 = Create_ACADMenu(app, ""))",
+                            LR"(toolbar2 = Create_ACADToolBar(app, ""))", L"SetVisible(toolbar2, 1)"));
 }
 
 TEST_F(MenuToolBar, DoesNotCarryTheMenusNameOverToTheToolbar)
 {
     EXPECT_THAT(Built(LR"(<r><Menus Name="m"/></r>)"),
-                ElementsAre(LR"(menu1 = Create_ACADMenu(app, "m"))", LR"(toolbar2 = Create_ACADToolBar(app, ""))",
-                            L"SetVisible(toolbar2, 1)"));
+                ElementsAre(LR"(menu1 = Create_ACADMenu(app, "m"))",
+                            LR"(toolbar2 = Create_ACADToolBar(app, ""))", L"SetVisible(toolbar2, 1)"));
 }
 
 TEST_F(MenuToolBar, TakesNamesFromTheFirstAndEntriesFromEveryHolder)
@@ -114,7 +115,8 @@ TEST_F(MenuToolBar, TakesOnlyDirectChildrenOfAHolderAsTopLevelEntries)
           </Menus>
           <Toolbar ImageList="outside"/>
         </r>)"),
-                ElementsAre(LR"(menu1 = Create_ACADMenu(app, "m"))", LR"(submenu2 = Append_SubMenu(menu1, "c"))",
+                ElementsAre(LR"(menu1 = Create_ACADMenu(app, "m"))",
+                            LR"(submenu2 = Append_SubMenu(menu1, "c"))",
                             ItemLine(L"submenu2", LR"("nested")", L"null", L"null"),
                             LR"(toolbar3 = Create_ACADToolBar(app, ""))", L"SetVisible(toolbar3, 1)"));
 }
@@ -133,7 +135,8 @@ TEST_F(MenuToolBar, FindsAHolderInsideAnEntry)
           <Menu Name="c" Help="h"><Menus Name="n"><Menu Name="x"/></Menus></Menu>
         </Menus></r>)",
                       NoModule),
-                ElementsAre(LR"(menu1 = Create_ACADMenu(app, "m"))", LR"(submenu2 = Append_SubMenu(menu1, "c"))",
+                ElementsAre(LR"(menu1 = Create_ACADMenu(app, "m"))",
+                            LR"(submenu2 = Append_SubMenu(menu1, "c"))",
                             // The inner holder is an entry of the cascade, and its entry one of the menu.
                             ItemLine(L"submenu2", LR"("n")", L"null", L"null"),
                             ItemLine(L"menu1", LR"("x")", L"null", L"null")));
@@ -144,14 +147,16 @@ TEST_F(MenuToolBar, LeavesTheToolbarOutInSilenceForAModuleThatIsNotLoaded)
     EXPECT_THAT(Built(LR"(
         <r><Menus Name="m"><Menu Name="1"/></Menus><Toolbars><Toolbar ImageList="i"/></Toolbars></r>)",
                       NoModule),
-                ElementsAre(LR"(menu1 = Create_ACADMenu(app, "m"))", ItemLine(L"menu1", LR"("1")", L"null", L"null")));
+                ElementsAre(LR"(menu1 = Create_ACADMenu(app, "m"))",
+                            ItemLine(L"menu1", LR"("1")", L"null", L"null")));
     EXPECT_THAT(Messages(), IsEmpty());
 }
 
 TEST_F(MenuToolBar, TakesThePathOfAModuleThatIsNotLoaded)
 {
     EXPECT_THAT(Built(LR"(<r><Toolbars><Toolbar ImageList="i"/></Toolbars></r>)", LR"(D:\Apps\Tool.arx)"),
-                ElementsAre(LR"(menu1 = Create_ACADMenu(app, ""))", LR"(toolbar2 = Create_ACADToolBar(app, ""))",
+                ElementsAre(LR"(menu1 = Create_ACADMenu(app, ""))",
+                            LR"(toolbar2 = Create_ACADToolBar(app, ""))",
                             ButtonLine(L"toolbar2", L"null", L"null", L"i", L"null", LR"(D:\Apps\)"),
                             L"SetVisible(toolbar2, 1)"));
 }
@@ -160,7 +165,8 @@ TEST_F(MenuToolBar, TakesANullModuleNameForTheRunningProgram)
 {
     Append_MenuToolBar(CString(LR"(<r><Toolbars><Toolbar ImageList="i"/></Toolbars></r>)"), nullptr);
     EXPECT_THAT(recording::Log(),
-                ElementsAre(LR"(menu1 = Create_ACADMenu(app, ""))", LR"(toolbar2 = Create_ACADToolBar(app, ""))",
+                ElementsAre(LR"(menu1 = Create_ACADMenu(app, ""))",
+                            LR"(toolbar2 = Create_ACADToolBar(app, ""))",
                             ButtonLine(L"toolbar2", L"null", L"null", L"i"), L"SetVisible(toolbar2, 1)"));
 }
 
@@ -174,7 +180,8 @@ TEST_F(MenuToolBar, LeavesTheModuleNameAsItWas)
 TEST_F(MenuToolBar, ShowsThatMalformedTextIsNotLoadedAndMakesNothing)
 {
     size_t shown = 0;
-    for (const wchar_t* text : {L"", L"   ", L"plain", L"<r>", L"<r></s>", L"<r a=b/>", L"<r a='1' a='2'/>"}) {
+    for (const wchar_t* text : {L"", L"   ", L"plain", L"<r>", L"<r></s>", L"<r a=b/>", L"<r a='1' a='2'/>"})
+    {
         Build(text);
         ASSERT_EQ(m_boxes.Boxes().size(), ++shown) << testkit::Utf8(text);
         EXPECT_EQ(m_boxes.Boxes().back().text, L"MenuToolbar XML is not loaded");
@@ -204,7 +211,8 @@ TEST_F(MenuToolBar, ShowsItsMessageAsAPlainBoxOfTheProgram)
 TEST_F(MenuToolBar, MakesPlainButtonsOfElementsWithNothingButBlanksInside)
 {
     EXPECT_THAT(Built(L"<r><Toolbars><Toolbar ImageList=\"i\"> \r\n\t </Toolbar></Toolbars></r>"),
-                ElementsAre(LR"(menu1 = Create_ACADMenu(app, ""))", LR"(toolbar2 = Create_ACADToolBar(app, ""))",
+                ElementsAre(LR"(menu1 = Create_ACADMenu(app, ""))",
+                            LR"(toolbar2 = Create_ACADToolBar(app, ""))",
                             ButtonLine(L"toolbar2", L"null", L"null", L"i"), L"SetVisible(toolbar2, 1)"));
 }
 
@@ -213,7 +221,8 @@ TEST_F(MenuToolBar, TakesDocumentsWithADeclarationCommentsAndInstructions)
     EXPECT_THAT(Built(LR"(<?xml version="1.0" encoding="UTF-8"?><!-- c --><?host data?>
         <r><!-- c --><Menus Name="m"><!-- c --><Menu Name="1"/>text</Menus></r><!-- c -->)",
                       NoModule),
-                ElementsAre(LR"(menu1 = Create_ACADMenu(app, "m"))", ItemLine(L"menu1", LR"("1")", L"null", L"null")));
+                ElementsAre(LR"(menu1 = Create_ACADMenu(app, "m"))",
+                            ItemLine(L"menu1", LR"("1")", L"null", L"null")));
     recording::Reset();
     recording::NameApplication(ApplicationDispatch());
     EXPECT_THAT(Built(LR"(<?xml version="1.0" encoding="UTF-16"?><r><Menus Name="m"/></r>)", NoModule),
@@ -237,9 +246,10 @@ TEST_F(MenuToolBar, TakesHoldersNamesBeyondAscii)
 
 TEST_F(MenuToolBar, TellsElementNamesApartByCase)
 {
-    EXPECT_THAT(Built(LR"(<r><menus Name="m"><Menu Name="1"/></menus><Menus Name="n"><menu Name="2"/></Menus></r>)",
-                      NoModule),
-                ElementsAre(LR"(menu1 = Create_ACADMenu(app, "n"))"));
+    EXPECT_THAT(
+        Built(LR"(<r><menus Name="m"><Menu Name="1"/></menus><Menus Name="n"><menu Name="2"/></Menus></r>)",
+              NoModule),
+        ElementsAre(LR"(menu1 = Create_ACADMenu(app, "n"))"));
 }
 
 TEST_F(MenuToolBar, BuildsTenThousandEntriesInOrder)
@@ -256,7 +266,8 @@ TEST_F(MenuToolBar, BuildsTenThousandEntriesInOrder)
     for (int i = 0; i < 10'000; ++i)
         ASSERT_EQ(log[1 + i], ItemLine(L"menu1", InQuotes(std::to_wstring(i)), LR"("C ")", L"null"));
     for (int i = 0; i < 10'000; ++i)
-        ASSERT_EQ(log[10'002 + i], ButtonLine(L"toolbar2", InQuotes(std::to_wstring(i) + L" "), L"null", L"i"));
+        ASSERT_EQ(log[10'002 + i],
+                  ButtonLine(L"toolbar2", InQuotes(std::to_wstring(i) + L" "), L"null", L"i"));
     EXPECT_EQ(log.back(), L"SetVisible(toolbar2, 1)");
 }
 
@@ -286,10 +297,11 @@ TEST_F(MenuToolBar, GoesOnWithTheEmptyWrappersWhenTheCompanionGivesNull)
 {
     recording::ReturnNullInCall(1);
     recording::ReturnNullInCall(3);
-    EXPECT_THAT(Built(LR"(<r><Menus><Menu Name="1"/></Menus><Toolbars><Toolbar ImageList="i"/></Toolbars></r>)"),
-                ElementsAre(LR"(menu1 = Create_ACADMenu(app, ""))", ItemLine(L"null", LR"("1")", L"null", L"null"),
-                            LR"(toolbar1 = Create_ACADToolBar(app, ""))",
-                            ButtonLine(L"null", L"null", L"null", L"i"), L"SetVisible(null, 1)"));
+    EXPECT_THAT(
+        Built(LR"(<r><Menus><Menu Name="1"/></Menus><Toolbars><Toolbar ImageList="i"/></Toolbars></r>)"),
+        ElementsAre(LR"(menu1 = Create_ACADMenu(app, ""))", ItemLine(L"null", LR"("1")", L"null", L"null"),
+                    LR"(toolbar1 = Create_ACADToolBar(app, ""))", ButtonLine(L"null", L"null", L"null", L"i"),
+                    L"SetVisible(null, 1)"));
 }
 
 TEST_F(MenuToolBar, HoldsMenuAndToolbarWhileEntriesAreAdded)
@@ -303,7 +315,7 @@ TEST_F(MenuToolBar, HoldsMenuAndToolbarWhileEntriesAreAdded)
     Build(LR"(<r><Menus><Menu/><Menu/></Menus>
               <Toolbars><Toolbar ImageList="i"/><Toolbar ImageList="j"/></Toolbars></r>)");
     // For each entry that of the builder, that of the entry's call and that of the companion.
-    EXPECT_THAT(ofTheMenu, ElementsAre(3, 3, 0)); // the menu is done with when the toolbar is made
+    EXPECT_THAT(ofTheMenu, ElementsAre(3, 3, 0));    // the menu is done with when the toolbar is made
     EXPECT_THAT(ofTheToolbar, ElementsAre(3, 3, 1)); // while it is shown, the builder's alone
 }
 

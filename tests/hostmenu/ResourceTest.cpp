@@ -53,8 +53,9 @@ TEST_F(ResourceBuild, TakesTheResourceAndTheFolderOfTheModule)
 
 TEST_F(ResourceBuild, TakesTheModuleWithItsPath)
 {
-    EXPECT_THAT(Built(101, AddinFolder() + L"hostmenu_addin.arx"),
-                testing::Contains(ButtonLine(L"toolbar2", L"null", L"null", L"line", L"null", AddinFolder())));
+    EXPECT_THAT(
+        Built(101, AddinFolder() + L"hostmenu_addin.arx"),
+        testing::Contains(ButtonLine(L"toolbar2", L"null", L"null", L"line", L"null", AddinFolder())));
 }
 
 TEST_F(ResourceBuild, TakesTheProgramsResourcesForANullModuleName)
@@ -77,7 +78,8 @@ TEST_F(ResourceBuild, UsesTheLowSixteenBitsOfTheId)
     for (const unsigned __int64 high : {0x10000ull, 0xFFFF0000ull, 0xFFFFFFFFFFFF0000ull, 0x100000000ull}) {
         recording::Reset();
         recording::NameApplication(ApplicationDispatch());
-        EXPECT_THAT(Built(high + 101), testing::Contains(LR"(menu1 = Create_ACADMenu(app, "program"))")) << high;
+        EXPECT_THAT(Built(high + 101), testing::Contains(LR"(menu1 = Create_ACADMenu(app, "program"))"))
+            << high;
     }
 }
 

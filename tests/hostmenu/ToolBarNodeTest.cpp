@@ -32,7 +32,8 @@ protected:
         return ProcessNode(Root(text), folder);
     }
 
-    static std::vector<std::wstring> ProcessNode(const IXMLDOMNodePtr& node, const std::wstring& folder = L"F:\\")
+    static std::vector<std::wstring> ProcessNode(const IXMLDOMNodePtr& node,
+                                                 const std::wstring& folder = L"F:\\")
     {
         {
             const IAcadToolbar toolbar(Create_ACADToolBar(nullptr, L""));
@@ -53,7 +54,10 @@ private:
 class CRefusingNode : public CUnimplementedNode<IXMLDOMNode>
 {
 public:
-    explicit CRefusingNode(HRESULT result, IXMLDOMNode* mapOwner = nullptr) : m_result(result), m_mapOwner(mapOwner) {}
+    explicit CRefusingNode(HRESULT result, IXMLDOMNode* mapOwner = nullptr)
+        : m_result(result), m_mapOwner(mapOwner)
+    {
+    }
 
     STDMETHODIMP QueryInterface(REFIID, void** object) override
     {
@@ -110,10 +114,9 @@ TEST_F(ToolBarNode, IgnoresANullNode)
 
 TEST_F(ToolBarNode, MakesAButtonOfCmdToolTipAndImageList)
 {
-    EXPECT_THAT(
-        Process(LR"(<Toolbar Name="Line" Cmd="LINE" ToolTip="Draws" ImageList="line"/>)"),
-        ElementsAre(LR"(Append_ToolBarItem(toolbar1, "LINE ", "Draws", )"
-                    LR"("F:\Bmps\line16.bmp", "F:\Bmps\line24.bmp", false, null))"));
+    EXPECT_THAT(Process(LR"(<Toolbar Name="Line" Cmd="LINE" ToolTip="Draws" ImageList="line"/>)"),
+                ElementsAre(LR"(Append_ToolBarItem(toolbar1, "LINE ", "Draws", )"
+                            LR"("F:\Bmps\line16.bmp", "F:\Bmps\line24.bmp", false, null))"));
 }
 
 TEST_F(ToolBarNode, PassesNullForAbsentAttributes)
@@ -136,8 +139,8 @@ TEST_F(ToolBarNode, AddsNothingForASeparatorInAnyCase)
 {
     for (const wchar_t* name : {L"Separator", L"separator", L"SEPARATOR", L"sEpArAtOr"}) {
         recording::Reset();
-        EXPECT_THAT(Process(std::wstring(L"<Toolbar Name=\"") + name
-                            + L"\" Cmd=\"C\" ImageList=\"i\"><Toolbar ImageList=\"j\"/></Toolbar>"),
+        EXPECT_THAT(Process(std::wstring(L"<Toolbar Name=\"") + name +
+                            L"\" Cmd=\"C\" ImageList=\"i\"><Toolbar ImageList=\"j\"/></Toolbar>"),
                     IsEmpty());
     }
 }
@@ -155,7 +158,8 @@ TEST_F(ToolBarNode, AddsNothingWithoutAnImageListEvenWithChildren)
 {
     EXPECT_THAT(Process(LR"(<Toolbar Name="x" Cmd="C"><Toolbar ImageList="j"/></Toolbar>)"), IsEmpty());
     recording::Reset();
-    EXPECT_THAT(Process(LR"(<Toolbar Name="x" Cmd="C" ImageList=""><Toolbar ImageList="j"/></Toolbar>)"), IsEmpty());
+    EXPECT_THAT(Process(LR"(<Toolbar Name="x" Cmd="C" ImageList=""><Toolbar ImageList="j"/></Toolbar>)"),
+                IsEmpty());
     recording::Reset();
     EXPECT_THAT(Process(L"<Toolbar/>"), IsEmpty());
 }
@@ -176,15 +180,15 @@ TEST_F(ToolBarNode, BuildsABlankImageList)
 {
     EXPECT_THAT(
         Process(LR"(<Toolbar ImageList="   "/>)"),
-        ElementsAre(LR"(Append_ToolBarItem(toolbar1, null, null, "F:\Bmps\16.bmp", "F:\Bmps\24.bmp", false, null))"));
+        ElementsAre(
+            LR"(Append_ToolBarItem(toolbar1, null, null, "F:\Bmps\16.bmp", "F:\Bmps\24.bmp", false, null))"));
 }
 
 TEST_F(ToolBarNode, TakesTheFolderAsItIs)
 {
-    EXPECT_THAT(
-        Process(LR"(<Toolbar ImageList="i"/>)", L"\u00C4 %s\\"),
-        ElementsAre(L"Append_ToolBarItem(toolbar1, null, null, \"\u00C4 %s\\Bmps\\i16.bmp\", "
-                    L"\"\u00C4 %s\\Bmps\\i24.bmp\", false, null)"));
+    EXPECT_THAT(Process(LR"(<Toolbar ImageList="i"/>)", L"\u00C4 %s\\"),
+                ElementsAre(L"Append_ToolBarItem(toolbar1, null, null, \"\u00C4 %s\\Bmps\\i16.bmp\", "
+                            L"\"\u00C4 %s\\Bmps\\i24.bmp\", false, null)"));
 }
 
 TEST_F(ToolBarNode, CutsNothingOffLongNames)
@@ -217,8 +221,9 @@ TEST_F(ToolBarNode, ReadsAttributesInAnyOrder)
 TEST_F(ToolBarNode, TakesTextsBeyondAscii)
 {
     const std::wstring text = L"\U0001F600e\u0301\u05E9\u6F22";
-    EXPECT_THAT(Process(L"<b Cmd=\"" + text + L"\" ToolTip=\"" + text + L"\" ImageList=\"" + text + L"\"/>"),
-                ElementsAre(ButtonLine(L"toolbar1", InQuotes(text + L" "), InQuotes(text), text, L"null", L"F:\\")));
+    EXPECT_THAT(
+        Process(L"<b Cmd=\"" + text + L"\" ToolTip=\"" + text + L"\" ImageList=\"" + text + L"\"/>"),
+        ElementsAre(ButtonLine(L"toolbar1", InQuotes(text + L" "), InQuotes(text), text, L"null", L"F:\\")));
 }
 
 TEST_F(ToolBarNode, MakesAFlyoutOfAnEntryWithChildren)
@@ -257,7 +262,9 @@ TEST_F(ToolBarNode, NestsFlyouts)
 
 TEST_F(ToolBarNode, MakesAFlyoutOfAnyKindOfChild)
 {
-    for (const wchar_t* child : {L"<!-- comment -->", L"text", L"<![CDATA[data]]>", L"<?host data?>", L"<empty/>"}) {
+    for (const wchar_t* child :
+         {L"<!-- comment -->", L"text", L"<![CDATA[data]]>", L"<?host data?>", L"<empty/>"})
+    {
         recording::Reset();
         recording::NameApplication(ApplicationDispatch());
         EXPECT_THAT(Process(std::wstring(L"<t ImageList=\"a\">") + child + L"</t>"),
@@ -278,7 +285,8 @@ TEST_F(ToolBarNode, MakesAPlainButtonWhenOnlyBlanksStandInside)
 TEST_F(ToolBarNode, MakesAPlainButtonWithoutAChildList)
 {
     const IXMLDOMNodePtr node(new CNodeWithoutList(Root(LR"(<t ImageList="a"><b/></t>)")), false);
-    EXPECT_THAT(ProcessNode(node), ElementsAre(ButtonLine(L"toolbar1", L"null", L"null", L"a", L"null", L"F:\\")));
+    EXPECT_THAT(ProcessNode(node),
+                ElementsAre(ButtonLine(L"toolbar1", L"null", L"null", L"a", L"null", L"F:\\")));
 }
 
 TEST_F(ToolBarNode, DoesNotLookAtTheChildrenOfANodeWithoutAttributes)
@@ -326,7 +334,8 @@ TEST_F(ToolBarNode, PassesOnANullFlyout)
     recording::ReturnNullInCall(2);
     const std::vector<std::wstring> log = Process(LR"(<t ImageList="a"><t ImageList="b"/></t>)");
     EXPECT_THAT(log, ElementsAre(LR"(toolbar2 = Create_ACADToolBar(app, "SubToolbar"))",
-                                 testing::HasSubstr(L", true, null)"), testing::StartsWith(L"Append_ToolBarItem(null,"),
+                                 testing::HasSubstr(L", true, null)"),
+                                 testing::StartsWith(L"Append_ToolBarItem(null,"),
                                  testing::StartsWith(L"Append_ToolBarItem(null,"), L"SetVisible(null, 0)"));
 }
 

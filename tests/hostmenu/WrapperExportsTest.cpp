@@ -13,7 +13,8 @@ TEST(WrapperExports, AreTheFiveMembersOfEachClass)
     ASSERT_NE(library, nullptr);
     for (const std::string name :
          {"IAcadApplication", "IAcadMenuGroups", "IAcadMenuGroup", "IAcadPopupMenus", "IAcadPopupMenu",
-          "IAcadPopupMenuItem", "IAcadMenuBar", "IAcadToolbars", "IAcadToolbar", "IAcadToolbarItem"}) {
+          "IAcadPopupMenuItem", "IAcadMenuBar", "IAcadToolbars", "IAcadToolbar", "IAcadToolbarItem"})
+    {
         const std::string prefix = "_ZN" + std::to_string(name.size()) + name;
         for (const char* member : {"C1Ev", "C1EP9IDispatch", "C1ERKS_", "aSERKS_", "D1Ev"})
             EXPECT_NE(GetProcAddress(library, (prefix + member).c_str()), nullptr) << prefix << member;

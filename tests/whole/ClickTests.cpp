@@ -16,13 +16,15 @@ protected:
 TEST_F(SampleAddin, MenuItemSendsItsCommandWithABlank)
 {
     ClickMenu({L"Drafting", L"Draw", L"Line"});
-    EXPECT_THAT(TakeSent(), ElementsAre(L"\x03\x03" L"LINE "));
+    EXPECT_THAT(TakeSent(), ElementsAre(L"\x03\x03"
+                                        L"LINE "));
 }
 
 TEST_F(SampleAddin, MenuItemDeepInACascadeSendsItsCommand)
 {
     ClickMenu({L"Drafting", L"Draw", L"Circle", L"Tangent", L"Tangent, tangent, radius"});
-    EXPECT_THAT(TakeSent(), ElementsAre(L"\x03\x03" L"CIRCLE TANGENT RADIUS "));
+    EXPECT_THAT(TakeSent(), ElementsAre(L"\x03\x03"
+                                        L"CIRCLE TANGENT RADIUS "));
 }
 
 TEST_F(SampleAddin, MenuItemWithAUnicodeLabelSendsItsCommand)
@@ -47,7 +49,8 @@ TEST_F(SampleAddin, MenuItemWithANameAloneSendsNothing)
 TEST_F(SampleAddin, ButtonSendsItsCommand)
 {
     ClickButton(L"Drafting", L"Line");
-    EXPECT_THAT(TakeSent(), ElementsAre(L"\x03\x03" L"LINE "));
+    EXPECT_THAT(TakeSent(), ElementsAre(L"\x03\x03"
+                                        L"LINE "));
     ClickButton(L"Drafting", L"Zoom all");
     EXPECT_THAT(TakeSent(), IsEmpty());
 }
@@ -60,7 +63,8 @@ TEST_F(SampleAddin, FlyoutButtonOpensItsToolbar)
     ASSERT_EQ(1u, flyouts.Count());
     EXPECT_EQ(4, flyouts.At(0)->ItemCount());
     ClickButton(L"SubToolbar", L"Arc");
-    EXPECT_THAT(TakeSent(), ElementsAre(L"\x03\x03" L"ARC "));
+    EXPECT_THAT(TakeSent(), ElementsAre(L"\x03\x03"
+                                        L"ARC "));
     EXPECT_TRUE(flyouts.IsEmpty());
 }
 
@@ -68,7 +72,8 @@ TEST_F(SampleAddin, FirstButtonOfAFlyoutSendsTheCommandOfItsEntry)
 {
     ClickButton(L"Drafting", L"Circle");
     ClickButton(L"SubToolbar", L"Circle");
-    EXPECT_THAT(TakeSent(), ElementsAre(L"\x03\x03" L"CIRCLE "));
+    EXPECT_THAT(TakeSent(), ElementsAre(L"\x03\x03"
+                                        L"CIRCLE "));
 }
 
 TEST_F(SampleAddin, FlyoutInAFlyoutSendsItsCommand)
@@ -77,7 +82,8 @@ TEST_F(SampleAddin, FlyoutInAFlyoutSendsItsCommand)
     ClickButton(L"SubToolbar", L"Rectangle");
     EXPECT_EQ(2u, Host().MainFrame()->Toolbars().Flyouts().Count());
     ClickButton(L"SubToolbar_2", L"Hatch");
-    EXPECT_THAT(TakeSent(), ElementsAre(L"\x03\x03" L"HATCH "));
+    EXPECT_THAT(TakeSent(), ElementsAre(L"\x03\x03"
+                                        L"HATCH "));
 }
 
 TEST_F(SampleAddin, FlyoutsThatShareANameOpenEachItsOwn)
@@ -86,7 +92,9 @@ TEST_F(SampleAddin, FlyoutsThatShareANameOpenEachItsOwn)
     ClickButton(L"SubToolbar_3", L"Leader");
     ClickButton(L"Drafting", L"Zoom all");
     ClickButton(L"SubToolbar_4", L"Zoom window");
-    EXPECT_THAT(TakeSent(), ElementsAre(L"\x03\x03" L"NOTE ", L"ZOOM WINDOW "));
+    EXPECT_THAT(TakeSent(), ElementsAre(L"\x03\x03"
+                                        L"NOTE ",
+                                        L"ZOOM WINDOW "));
 }
 
 TEST_F(SampleAddin, CommandsStillWorkWhenItIsUnloaded)
@@ -95,7 +103,9 @@ TEST_F(SampleAddin, CommandsStillWorkWhenItIsUnloaded)
     ASSERT_EQ(nullptr, ::GetModuleHandleW(L"SampleAddin.arx"));
     ClickMenu({L"Drafting", L"Modify", L"Erase"});
     ClickButton(L"Drafting", L"Pan");
-    EXPECT_THAT(TakeSent(), ElementsAre(L"\x03\x03" L"ERASE ", L"PAN "));
+    EXPECT_THAT(TakeSent(), ElementsAre(L"\x03\x03"
+                                        L"ERASE ",
+                                        L"PAN "));
 }
 
 } // namespace wholetest

@@ -3,14 +3,15 @@
 #include <cwchar>
 #include <memory>
 
-namespace {
+namespace
+{
 
 struct FileCloser
 {
     void operator()(FILE* file) const { std::fclose(file); }
 };
 
-}
+} // namespace
 
 void DebugPrint(const wchar_t* text, FILE* stream, const wchar_t* path)
 {

@@ -1,7 +1,8 @@
 #include <afxwin.h>
 #include <afxdllx.h>
 
-namespace {
+namespace
+{
 
 AFX_EXTENSION_MODULE velmUtilModule = {};
 
@@ -16,7 +17,7 @@ void JoinLibraryChain()
     }
 }
 
-}
+} // namespace
 
 // Called by the module loader. Makes the library known to MFC as an extension module, so that its
 // resources and run-time classes are found through the program's chain of libraries.

@@ -23,9 +23,8 @@ void FillListBox1(CStringArray& items, CListBox& box)
     for (INT_PTR i = 0; i < items.GetSize(); ++i) {
         // The box may tell its parent, which may change the array: the pieces are of a copy.
         const CString text = items[i];
-        ForEachToken(text, comma, [&](const wchar_t* first, int length) {
-            box.AddString(CString(first, length));
-        });
+        ForEachToken(text, comma,
+                     [&](const wchar_t* first, int length) { box.AddString(CString(first, length)); });
     }
     box.SetCurSel(0);
 }

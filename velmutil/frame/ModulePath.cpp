@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-namespace {
+namespace
+{
 
 // The room that callers of GetAppPath must give, its final zero included.
 constexpr size_t AppPathCapacity = 512;
@@ -37,13 +38,13 @@ void SplitFolder(const std::wstring& path, CString& drive, CString& dir)
 {
     wchar_t drivePart[_MAX_DRIVE] = {};
     std::vector<wchar_t> dirPart(path.size() + 1);
-    _wsplitpath_s(path.c_str(), drivePart, _MAX_DRIVE, dirPart.data(), dirPart.size(), nullptr, 0,
-                  nullptr, 0);
+    _wsplitpath_s(path.c_str(), drivePart, _MAX_DRIVE, dirPart.data(), dirPart.size(), nullptr, 0, nullptr,
+                  0);
     drive = drivePart;
     dir = dirPart.data();
 }
 
-}
+} // namespace
 
 void GetAppPath(wchar_t* nameInOut)
 {

@@ -8,7 +8,7 @@
 #ifdef __MINGW32__
 // Its headers declare the interfaces without binding their ids to them.
 #include <msxml2.h>
-#define VELM_BIND_DOM_ID(Interface, first)                                                        \
+#define VELM_BIND_DOM_ID(Interface, first)                                                                   \
     __CRT_UUID_DECL(Interface, first, 0x7b36, 0x11d2, 0xb2, 0x0e, 0x00, 0xc0, 0x4f, 0x98, 0x3e, 0x60)
 VELM_BIND_DOM_ID(IXMLDOMNode, 0x2933bf80)
 VELM_BIND_DOM_ID(IXMLDOMDocument, 0x2933bf81)
@@ -21,8 +21,7 @@ VELM_BIND_DOM_ID(IXMLDOMComment, 0x2933bf88)
 VELM_BIND_DOM_ID(IXMLDOMProcessingInstruction, 0x2933bf89)
 VELM_BIND_DOM_ID(IXMLDOMDocument2, 0x2933bf95)
 #undef VELM_BIND_DOM_ID
-__CRT_UUID_DECL(IXMLDOMParseError, 0x3efaa426, 0x272f, 0x11d2, 0x83, 0x6f, 0x00, 0x00, 0xf8, 0x7a,
-                0x77, 0x82)
+__CRT_UUID_DECL(IXMLDOMParseError, 0x3efaa426, 0x272f, 0x11d2, 0x83, 0x6f, 0x00, 0x00, 0xf8, 0x7a, 0x77, 0x82)
 #else
 #include <msxml6.h>
 #endif

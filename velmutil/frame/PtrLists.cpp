@@ -1,6 +1,7 @@
 #include "frame/PtrLists.h"
 
-namespace {
+namespace
+{
 
 // FindIndex walks from the head, which would make emptying a long list from its tail quadratic.
 POSITION PositionOf(const CPtrList& list, INT_PTR index)
@@ -30,7 +31,7 @@ void DeleteElement(CPtrList& list, POSITION position)
         list.RemoveAt(remaining);
 }
 
-}
+} // namespace
 
 void ClearPtrList(CPtrList*& list)
 {

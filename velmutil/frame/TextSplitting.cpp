@@ -4,7 +4,8 @@
 
 #include "frame/TokenScan.h"
 
-namespace {
+namespace
+{
 
 // Both forms count before they fill: the array is then allocated once, where growing it piece by
 // piece would copy it again and again.
@@ -16,9 +17,8 @@ void SplitTokens(const CString& text, const CString& delimiter, CStringArray& ou
     ForEachToken(text, separators, [&](const wchar_t*, int) { ++count; });
     out.SetSize(count);
     INT_PTR next = 0;
-    ForEachToken(text, separators, [&](const wchar_t* first, int length) {
-        out.ElementAt(next++).SetString(first, length);
-    });
+    ForEachToken(text, separators,
+                 [&](const wchar_t* first, int length) { out.ElementAt(next++).SetString(first, length); });
 }
 
 void SplitWhole(const CString& text, const CString& delimiter, CStringArray& out)
@@ -40,7 +40,7 @@ void SplitWhole(const CString& text, const CString& delimiter, CStringArray& out
     out.SetAt(next, text.Mid(static_cast<int>(start)));
 }
 
-}
+} // namespace
 
 void Split2Array(CString text, CString delimiter, CStringArray& out, bool asTokens)
 {

@@ -18,8 +18,7 @@ public:
 
     bool Contains(wchar_t character) const
     {
-        return character < LatinCount ? m_latin[character]
-                                      : std::wcschr(m_separators, character) != nullptr;
+        return character < LatinCount ? m_latin[character] : std::wcschr(m_separators, character) != nullptr;
     }
 
 private:

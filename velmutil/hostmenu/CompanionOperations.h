@@ -22,8 +22,8 @@
 //
 // A menu of that name which is there already, letter case aside and the mnemonic sign `&` included, is taken
 // for that of an earlier run: it is emptied and used again, keeps its place on the bar, and is put back there
-// if it was taken off. The host does not tell who made a menu, so a menu of its own that bears the name, be it
-// the empty one, is emptied just so: give a name that no other menu bears.
+// if it was taken off. The host does not tell who made a menu, so a menu of its own that bears the name, be
+// it the empty one, is emptied just so: give a name that no other menu bears.
 //
 // A shortcut menu is never touched nor made: when a menu of that name is one, or the name is "POP0" in any
 // letter case, the operation fails with E_INVALIDARG and has changed nothing.

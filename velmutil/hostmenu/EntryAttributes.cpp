@@ -1,8 +1,6 @@
 #include "hostmenu/EntryAttributes.h"
 
-CEntryAttributes::CEntryAttributes(IXMLDOMNode* node) : m_result(node->get_attributes(&m_map))
-{
-}
+CEntryAttributes::CEntryAttributes(IXMLDOMNode* node) : m_result(node->get_attributes(&m_map)) {}
 
 std::optional<CString> CEntryAttributes::ValueOf(BSTR name) const
 {

@@ -23,7 +23,8 @@ public:
     {
         // What a reader of a BSTR counts on: the length right before the text.
         static_assert(sizeof(m_bytes) == 4 && sizeof(OLECHAR) == sizeof(wchar_t));
-        static_assert(offsetof(CAttributeName, m_text) == offsetof(CAttributeName, m_bytes) + sizeof(m_bytes));
+        static_assert(offsetof(CAttributeName, m_text) ==
+                      offsetof(CAttributeName, m_bytes) + sizeof(m_bytes));
         static_assert(sizeof(m_text) == Size * sizeof(wchar_t));
         return const_cast<BSTR>(m_text);
     }

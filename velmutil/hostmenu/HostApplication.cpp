@@ -4,7 +4,8 @@
 
 #include <initializer_list>
 
-namespace {
+namespace
+{
 
 using ApplicationGetter = CWinApp* (*)();
 
@@ -19,7 +20,7 @@ ApplicationGetter FindApplicationGetter()
     return nullptr;
 }
 
-}
+} // namespace
 
 IDispatchPtr FindHostApplication()
 {

@@ -23,42 +23,69 @@
 //                         auto-release is on, and forgets it.
 //
 // None of them fails or throws. Rests on IUnknown::AddRef and IUnknown::Release.
-#define VELM_HOST_WRAPPER_MEMBERS(Class)                                              \
-public:                                                                               \
-    VELM_API_INLINE Class() {}                                                        \
-    VELM_API_INLINE Class(IDispatch* p) : COleDispatchDriver(p, TRUE) {}              \
-    VELM_API_INLINE Class(const Class& other) : COleDispatchDriver(other) {}          \
-    VELM_API_INLINE Class& operator=(const Class& other)                              \
-    {                                                                                 \
-        if (this != &other)                                                           \
-            COleDispatchDriver::operator=(other);                                     \
-        return *this;                                                                 \
-    }                                                                                 \
-    VELM_API_INLINE ~Class() { ReleaseDispatch(); }
+#define VELM_HOST_WRAPPER_MEMBERS(Class)                                                                     \
+public:                                                                                                      \
+    VELM_API_INLINE Class() {}                                                                               \
+    VELM_API_INLINE Class(IDispatch* p) : COleDispatchDriver(p, TRUE) {}                                     \
+    VELM_API_INLINE Class(const Class& other) : COleDispatchDriver(other) {}                                 \
+    VELM_API_INLINE Class& operator=(const Class& other)                                                     \
+    {                                                                                                        \
+        if (this != &other)                                                                                  \
+            COleDispatchDriver::operator=(other);                                                            \
+        return *this;                                                                                        \
+    }                                                                                                        \
+    VELM_API_INLINE ~Class()                                                                                 \
+    {                                                                                                        \
+        ReleaseDispatch();                                                                                   \
+    }
 
 // The host's application object.
-class IAcadApplication : public COleDispatchDriver { VELM_HOST_WRAPPER_MEMBERS(IAcadApplication) };
+class IAcadApplication : public COleDispatchDriver
+{
+    VELM_HOST_WRAPPER_MEMBERS(IAcadApplication)
+};
 
 // The collection of the menu groups that are loaded in the host.
-class IAcadMenuGroups : public COleDispatchDriver { VELM_HOST_WRAPPER_MEMBERS(IAcadMenuGroups) };
+class IAcadMenuGroups : public COleDispatchDriver
+{
+    VELM_HOST_WRAPPER_MEMBERS(IAcadMenuGroups)
+};
 
 // One menu group: a set of menus and toolbars that are loaded together.
-class IAcadMenuGroup : public COleDispatchDriver { VELM_HOST_WRAPPER_MEMBERS(IAcadMenuGroup) };
+class IAcadMenuGroup : public COleDispatchDriver
+{
+    VELM_HOST_WRAPPER_MEMBERS(IAcadMenuGroup)
+};
 
 // The pop-up menus of one menu group, on the menu bar or not.
-class IAcadPopupMenus : public COleDispatchDriver { VELM_HOST_WRAPPER_MEMBERS(IAcadPopupMenus) };
+class IAcadPopupMenus : public COleDispatchDriver
+{
+    VELM_HOST_WRAPPER_MEMBERS(IAcadPopupMenus)
+};
 
 // One pop-up menu or cascading sub-menu.
-class IAcadPopupMenu : public COleDispatchDriver { VELM_HOST_WRAPPER_MEMBERS(IAcadPopupMenu) };
+class IAcadPopupMenu : public COleDispatchDriver
+{
+    VELM_HOST_WRAPPER_MEMBERS(IAcadPopupMenu)
+};
 
 // One entry of a pop-up menu.
-class IAcadPopupMenuItem : public COleDispatchDriver { VELM_HOST_WRAPPER_MEMBERS(IAcadPopupMenuItem) };
+class IAcadPopupMenuItem : public COleDispatchDriver
+{
+    VELM_HOST_WRAPPER_MEMBERS(IAcadPopupMenuItem)
+};
 
 // The pop-up menus that stand on the host's menu bar now.
-class IAcadMenuBar : public COleDispatchDriver { VELM_HOST_WRAPPER_MEMBERS(IAcadMenuBar) };
+class IAcadMenuBar : public COleDispatchDriver
+{
+    VELM_HOST_WRAPPER_MEMBERS(IAcadMenuBar)
+};
 
 // The toolbars of one menu group.
-class IAcadToolbars : public COleDispatchDriver { VELM_HOST_WRAPPER_MEMBERS(IAcadToolbars) };
+class IAcadToolbars : public COleDispatchDriver
+{
+    VELM_HOST_WRAPPER_MEMBERS(IAcadToolbars)
+};
 
 // One toolbar.
 class IAcadToolbar : public COleDispatchDriver
@@ -72,4 +99,7 @@ class IAcadToolbar : public COleDispatchDriver
 };
 
 // One button or separator of a toolbar.
-class IAcadToolbarItem : public COleDispatchDriver { VELM_HOST_WRAPPER_MEMBERS(IAcadToolbarItem) };
+class IAcadToolbarItem : public COleDispatchDriver
+{
+    VELM_HOST_WRAPPER_MEMBERS(IAcadToolbarItem)
+};

@@ -4,7 +4,8 @@
 #include "hostmenu/EntryAttributes.h"
 #include "hostmenu/NodeWalk.h"
 
-namespace {
+namespace
+{
 
 // Adds the entry and returns the sub-menu made for it: an empty wrapper when it is no cascade.
 IAcadPopupMenu AddEntry(IXMLDOMNode* node, const IAcadPopupMenu& menu)
@@ -21,7 +22,7 @@ IAcadPopupMenu AddEntry(IXMLDOMNode* node, const IAcadPopupMenu& menu)
     return IAcadPopupMenu();
 }
 
-}
+} // namespace
 
 void ProcessMenuNode(IXMLDOMNodePtr node, IAcadPopupMenu menu)
 {

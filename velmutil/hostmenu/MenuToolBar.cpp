@@ -11,7 +11,8 @@
 #include "hostmenu/NodeWalk.h"
 #include "hostmenu/ToolBarNode.h"
 
-namespace {
+namespace
+{
 
 // The Name of the first element that `xpath` selects; empty without one.
 CString HolderName(IXMLDOMNode* document, const wchar_t* xpath)
@@ -65,7 +66,7 @@ void RunReported(const wchar_t* failure, Phase phase)
     }
 }
 
-}
+} // namespace
 
 void Append_MenuToolBar(CString xmlText, wchar_t* moduleName)
 {

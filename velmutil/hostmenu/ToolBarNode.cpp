@@ -5,7 +5,8 @@
 #include "hostmenu/HostApplication.h"
 #include "hostmenu/NodeWalk.h"
 
-namespace {
+namespace
+{
 
 // What a button is made of.
 struct Button
@@ -56,7 +57,7 @@ void AddFlyout(const Button& button, const IAcadToolbar& toolbar, IXMLDOMNodeLis
     flyout.SetVisible(0);
 }
 
-}
+} // namespace
 
 void ProcessTBarNode(IXMLDOMNodePtr node, IAcadToolbar toolbar, CString folder)
 {

@@ -27,7 +27,7 @@
 //
 // Throws _com_error when the document model fails (a node that refuses to give its attributes counts as
 // one without), CMemoryException* when a text cannot be allocated, COleDispatchException* when a fly-out
-// needs the host's application and there is none, and lets pass what the companion throws: COleDispatchException* when the host fails. Buttons added
-// before that stay in the host. Rests on IXMLDOMNode and on the companion's Create_ACADToolBar,
-// Append_ToolBarItem and IAcadToolbar::SetVisible.
+// needs the host's application and there is none, and lets pass what the companion throws:
+// COleDispatchException* when the host fails. Buttons added before that stay in the host. Rests on
+// IXMLDOMNode and on the companion's Create_ACADToolBar, Append_ToolBarItem and IAcadToolbar::SetVisible.
 VELM_API void ProcessTBarNode(IXMLDOMNodePtr node, IAcadToolbar toolbar, CString folder);

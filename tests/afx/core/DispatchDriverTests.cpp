@@ -9,7 +9,8 @@
 #include <functional>
 #include <thread>
 
-namespace {
+namespace
+{
 
 // Answers every Invoke with a function of the test's, and keeps what the call looked like.
 class Automation : public testkit::CountedObject<IDispatch>
@@ -27,7 +28,10 @@ public:
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
+    {
+        return E_NOTIMPL;
+    }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* params, VARIANT* result,
                                      EXCEPINFO* info, UINT*) override
     {
@@ -66,7 +70,7 @@ const BYTE* Params(const char* types)
     return reinterpret_cast<const BYTE*>(types);
 }
 
-}  // namespace
+} // namespace
 
 TEST_F(DispatchDriver, TakesAPointerOverAndReleasesIt)
 {
@@ -176,7 +180,8 @@ TEST_F(DispatchDriver, PassesArgumentsLastFirst)
     };
     driver.InvokeHelper(7, DISPATCH_METHOD, VT_EMPTY, NULL,
                         Params(VTS_I2 VTS_I4 VTS_R4 VTS_R8 VTS_BSTR VTS_BOOL VTS_DISPATCH VTS_I8 VTS_UI4), -2,
-                        100000L, 1.5, 2.25, L"text", 5, static_cast<LPDISPATCH>(object), 1LL << 40, 0xFFFFFFFFu);
+                        100000L, 1.5, 2.25, L"text", 5, static_cast<LPDISPATCH>(object), 1LL << 40,
+                        0xFFFFFFFFu);
     EXPECT_EQ(7, object->member);
     EXPECT_EQ(DISPATCH_METHOD, object->flags);
     EXPECT_EQ(0u, object->namedArguments);
@@ -202,8 +207,8 @@ TEST_F(DispatchDriver, PassesVariantsCurrencyAndNullTexts)
         EXPECT_EQ(nullptr, params->rgvarg[0].bstrVal);
         return S_OK;
     };
-    driver.InvokeHelper(1, DISPATCH_METHOD, VT_EMPTY, NULL, Params(VTS_VARIANT VTS_CY VTS_BSTR), &number, &money,
-                        static_cast<const wchar_t*>(NULL));
+    driver.InvokeHelper(1, DISPATCH_METHOD, VT_EMPTY, NULL, Params(VTS_VARIANT VTS_CY VTS_BSTR), &number,
+                        &money, static_cast<const wchar_t*>(NULL));
 }
 
 TEST_F(DispatchDriver, PassesVariablesByReference)
@@ -227,8 +232,8 @@ TEST_F(DispatchDriver, PassesVariablesByReference)
     BSTR text = NULL;
     VARIANT variant;
     VariantInit(&variant);
-    driver.InvokeHelper(1, DISPATCH_METHOD, VT_EMPTY, NULL, Params(VTS_PI4 VTS_PBOOL VTS_PBSTR VTS_PVARIANT), &number,
-                        &flag, &text, &variant);
+    driver.InvokeHelper(1, DISPATCH_METHOD, VT_EMPTY, NULL, Params(VTS_PI4 VTS_PBOOL VTS_PBSTR VTS_PVARIANT),
+                        &number, &flag, &text, &variant);
     EXPECT_EQ(5, number);
     EXPECT_EQ(TRUE, flag);
     EXPECT_STREQ(L"out", text);
@@ -428,7 +433,8 @@ TEST(DispatchDriverCreation, MakesAnObjectOfThePlatform)
         BOOL exists = FALSE;
         driver.InvokeHelper(member, DISPATCH_METHOD, VT_BOOL, &exists, Params(VTS_BSTR), L"C:\\windows");
         EXPECT_EQ(TRUE, exists);
-        driver.InvokeHelper(member, DISPATCH_METHOD, VT_BOOL, &exists, Params(VTS_BSTR), L"C:\\no such folder");
+        driver.InvokeHelper(member, DISPATCH_METHOD, VT_BOOL, &exists, Params(VTS_BSTR),
+                            L"C:\\no such folder");
         EXPECT_EQ(FALSE, exists);
     }
     CoUninitialize();

@@ -147,35 +147,27 @@ TEST(ExceptionMacros, DeleteWhatTheyCaught)
 TEST(ExceptionMacros, ThrowLastPassesTheExceptionOn)
 {
     int passed = 0;
-    TRY
-    {
-        TRY
-        {
-            AfxThrowFileException(CFileException::badSeek);
-        }
-        CATCH_ALL(e)
-        {
-            ++passed;
-            THROW_LAST();
-        }
-        END_CATCH_ALL
-    }
-    CATCH(CFileException, e)
-    {
-        ++passed;
-        EXPECT_EQ(CFileException::badSeek, e->m_cause);
-    }
-    END_CATCH
-    EXPECT_EQ(2, passed);
+    TRY{TRY{AfxThrowFileException(CFileException::badSeek);
+}
+CATCH_ALL(e)
+{
+    ++passed;
+    THROW_LAST();
+}
+END_CATCH_ALL
+}
+CATCH(CFileException, e)
+{
+    ++passed;
+    EXPECT_EQ(CFileException::badSeek, e->m_cause);
+}
+END_CATCH
+EXPECT_EQ(2, passed);
 }
 
-TEST(ExceptionMacros, EndTrySwallows)
-{
-    TRY
-    {
-        AfxThrowFileException(CFileException::badSeek);
-    }
-    END_TRY
+TEST(ExceptionMacros, EndTrySwallows){TRY{AfxThrowFileException(CFileException::badSeek);
+}
+END_TRY
 }
 
 TEST(AtlThrowing, ChoosesTheClassByTheCode)

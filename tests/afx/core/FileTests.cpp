@@ -7,7 +7,8 @@
 #include <cerrno>
 #include <memory>
 
-namespace {
+namespace
+{
 
 class File : public testing::Test
 {
@@ -17,7 +18,7 @@ protected:
     CString Name(const wchar_t* name) const { return CString((folder / name).c_str()); }
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(File, WritesAndReadsBytes)
 {
@@ -63,8 +64,7 @@ TEST_F(File, SeeksFromStartPositionAndEnd)
     EXPECT_EQ(0u, file.GetPosition());
     file.SetLength(3);
     EXPECT_EQ(3u, file.GetLength());
-    EXPECT_EQ(CFileException::badSeek,
-              Thrown<CFileException>([&] { file.Seek(-1, CFile::begin); })->m_cause);
+    EXPECT_EQ(CFileException::badSeek, Thrown<CFileException>([&] { file.Seek(-1, CFile::begin); })->m_cause);
 }
 
 TEST_F(File, TellsItsNames)

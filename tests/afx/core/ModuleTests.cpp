@@ -7,7 +7,8 @@
 
 #include "kit/Text.h"
 
-namespace {
+namespace
+{
 
 class Extension
 {
@@ -43,14 +44,17 @@ CString Loaded(UINT id)
 class ResourceHandle
 {
 public:
-    explicit ResourceHandle(HINSTANCE module) : m_before(AfxGetResourceHandle()) { AfxSetResourceHandle(module); }
+    explicit ResourceHandle(HINSTANCE module) : m_before(AfxGetResourceHandle())
+    {
+        AfxSetResourceHandle(module);
+    }
     ~ResourceHandle() { AfxSetResourceHandle(m_before); }
 
 private:
     HINSTANCE m_before;
 };
 
-}  // namespace
+} // namespace
 
 TEST(Modules, TheProgramIsTheResourceModuleUntilAnotherIsSet)
 {

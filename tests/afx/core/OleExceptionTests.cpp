@@ -6,7 +6,8 @@
 
 #include "kit/Text.h"
 
-namespace {
+namespace
+{
 
 struct OwnedExcepInfo : EXCEPINFO
 {
@@ -19,7 +20,7 @@ struct OwnedExcepInfo : EXCEPINFO
     }
 };
 
-}  // namespace
+} // namespace
 
 TEST(OleException, CarriesItsCode)
 {

@@ -3,11 +3,12 @@
 
 #include <afxcoll.h>
 
-namespace {
+namespace
+{
 
 int created = 0;
 
-}  // namespace
+} // namespace
 
 class CTestShape : public CObject
 {

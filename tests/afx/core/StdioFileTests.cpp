@@ -4,7 +4,8 @@
 #include "kit/Files.h"
 #include "kit/Text.h"
 
-namespace {
+namespace
+{
 
 class StdioFile : public testing::Test
 {
@@ -14,7 +15,7 @@ protected:
     CString Name(const wchar_t* name) const { return CString((folder / name).c_str()); }
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(StdioFile, TranslatesLineEndsInText)
 {

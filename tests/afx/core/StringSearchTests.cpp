@@ -115,7 +115,8 @@ TEST(StringTokenize, SkipsRunsOfSeparators)
     const CString text(L",;one, two;;three;");
     CString pieces;
     int position = 0;
-    for (CString piece = text.Tokenize(L",;", position); position != -1; piece = text.Tokenize(L",;", position))
+    for (CString piece = text.Tokenize(L",;", position); position != -1;
+         piece = text.Tokenize(L",;", position))
         pieces += L"[" + piece + L"]";
     EXPECT_EQ(L"[one][ two][three]", pieces);
 }

@@ -19,7 +19,7 @@ void Tell(const char* event)
         record(ADDIN_NAME, event);
 }
 
-}
+} // namespace
 
 extern "C" __declspec(dllexport) int AddInStart()
 {

@@ -93,19 +93,16 @@ void Run()
         throw Failure{"a new toolbar is not empty", E_UNEXPECTED};
 }
 
-}
+} // namespace
 
 int main()
 {
     if (FAILED(CoInitialize(nullptr)))
         return 2;
     int status = 0;
-    try
-    {
+    try {
         Run();
-    }
-    catch (const Failure& failure)
-    {
+    } catch (const Failure& failure) {
         std::printf("%s: %08lx\n", failure.step.c_str(), static_cast<unsigned long>(failure.result));
         status = 1;
     }

@@ -71,7 +71,7 @@ IDispatch* MakeObject(const wchar_t* kind, const std::wstring& call)
 
 AFX_EXTENSION_MODULE recordingModule = {};
 
-}
+} // namespace
 
 namespace recording
 {
@@ -134,8 +134,8 @@ IDispatch* Create_ACADToolBar(IDispatch* application, const wchar_t* name)
 bool Append_MenuItem(IAcadPopupMenu menu, const wchar_t* label, const wchar_t* macro, const wchar_t* help,
                      bool first, bool second)
 {
-    BeginCall(L"Append_MenuItem(" + NameOf(menu) + L", " + Quoted(label) + L", " + Quoted(macro) + L", "
-              + Quoted(help) + L", " + Flag(first) + L", " + Flag(second) + L")");
+    BeginCall(L"Append_MenuItem(" + NameOf(menu) + L", " + Quoted(label) + L", " + Quoted(macro) + L", " +
+              Quoted(help) + L", " + Flag(first) + L", " + Flag(second) + L")");
     return true;
 }
 
@@ -148,9 +148,9 @@ bool Append_ToolBarItem(IAcadToolbar toolbar, const wchar_t* macro, const wchar_
                         const wchar_t* smallImage, const wchar_t* largeImage, bool isFlyout,
                         IAcadToolbar flyout)
 {
-    BeginCall(L"Append_ToolBarItem(" + NameOf(toolbar) + L", " + Quoted(macro) + L", " + Quoted(tooltip) + L", "
-              + Quoted(smallImage) + L", " + Quoted(largeImage) + L", " + Flag(isFlyout) + L", "
-              + NameOf(flyout) + L")");
+    BeginCall(L"Append_ToolBarItem(" + NameOf(toolbar) + L", " + Quoted(macro) + L", " + Quoted(tooltip) +
+              L", " + Quoted(smallImage) + L", " + Quoted(largeImage) + L", " + Flag(isFlyout) + L", " +
+              NameOf(flyout) + L")");
     return true;
 }
 
