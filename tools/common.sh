@@ -24,7 +24,7 @@ stage() {
 }
 
 # What a build and its tests need of Debian, by package.
-packages="cmake ninja-build ccache g++-mingw-w64-x86-64-posix wine64 fonts-wine fonts-liberation googletest"
+packages="cmake ninja-build ccache g++-mingw-w64-x86-64-posix wine64 fonts-wine fonts-liberation googletest python3"
 
 install_packages() {
   local missing="" name sudo=""

@@ -4,6 +4,13 @@
 // host's user-interface thread. Nothing is kept between calls but the objects the caller makes.
 #pragma once
 
+#include "controls/DlgProgressBar.h"
+#include "controls/XComboList.h"
+#include "controls/XListBox.h"
+#include "controls/XTreeCtrl.h"
+
+#include "credits/MatrixCredits.h"
+
 #include "frame/Conversions.h"
 #include "frame/DebugPrint.h"
 #include "frame/EntityFilter.h"
@@ -16,3 +23,7 @@
 #include "hostmenu/MenuNode.h"
 #include "hostmenu/MenuToolBar.h"
 #include "hostmenu/ToolBarNode.h"
+
+#include "listctrl/XListCtrl.h"
+
+#include "xml/XMLFile.h"

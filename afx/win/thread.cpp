@@ -250,8 +250,9 @@ BOOL PreTranslate(CWinThread* pThread, MSG* pMsg)
     const HWND hMainWnd = AfxSafe(pMainWnd);
     if (CWnd::WalkPreTranslateTree(hMainWnd, pMsg))
         return TRUE;
-    // Accelerators of the main window work in windows beside it as well.
-    if (pMainWnd == nullptr || pMsg->hwnd == nullptr)
+    // Accelerators of the main window work in windows beside it as well. What was called may have destroyed
+    // it.
+    if (pMainWnd == nullptr || pMsg->hwnd == nullptr || CWnd::FromHandlePermanent(hMainWnd) != pMainWnd)
         return FALSE;
     CWnd* const pWnd = CWnd::FromHandle(pMsg->hwnd);
     return pWnd->GetTopLevelParent() != pMainWnd && pMainWnd->PreTranslateMessage(pMsg);

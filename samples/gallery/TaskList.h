@@ -1,0 +1,35 @@
+// The gallery's list: every kind of cell at work.
+#pragma once
+
+#include "VelmUtil22.h"
+
+class CTaskList : public CXListCtrl
+{
+public:
+    enum Column
+    {
+        TaskColumn,
+        DoneColumn,
+        PriorityColumn,
+        ProgressColumn,
+        OwnerColumn,
+        HoursColumn,
+        NoteColumn
+    };
+
+    // Fills the list, whose window must have been made.
+    void Fill();
+
+    // Moves the bars of the tasks that run a little on.
+    void MoveOn();
+
+private:
+    void MakeColumns();
+    void AddTask(int picture, const wchar_t* name, int doneState, const wchar_t* priority, int percent,
+                 const wchar_t* progressText, const wchar_t* owner, const wchar_t* hours,
+                 const wchar_t* note);
+
+    CImageList m_taskPictures;
+    CImageList m_headerPictures;
+    CStringArray m_priorities;
+};

@@ -1,0 +1,17 @@
+#include "listctrl/BufferedDC.h"
+
+CBufferedDC::CBufferedDC(CDC* target) : m_target(target)
+{
+    target->GetClipBox(&m_area);
+    CreateCompatibleDC(target);
+    m_bitmap.CreateCompatibleBitmap(target, m_area.Width(), m_area.Height());
+    m_oldBitmap = SelectObject(&m_bitmap);
+    SetWindowOrg(m_area.left, m_area.top);
+}
+
+CBufferedDC::~CBufferedDC()
+{
+    m_target->BitBlt(m_area.left, m_area.top, m_area.Width(), m_area.Height(), this, m_area.left, m_area.top,
+                     SRCCOPY);
+    SelectObject(m_oldBitmap);
+}
