@@ -370,7 +370,7 @@ TEST_F(CreateAttribFailure, ANodeThatThePlatformDoesNotMakeIsAFailure)
     file.m_pXMLDoc = nodes.Before(file.m_pXMLDoc);
     nodes.Fail(NodeCall::CreateNode, 1, S_FALSE);
     int value = 5;
-    EXPECT_EQ(ComFailureOf([&] { file.CreateAttrib(Writable(Name), value); }), E_POINTER);
+    EXPECT_EQ(ComFailureOf([&] { file.CreateAttrib(Writable(Name), value); }), E_OUTOFMEMORY);
     EXPECT_EQ(TreeOf(file.m_pCurNode), L"r()");
     file.m_pXMLDoc = nullptr;
 }

@@ -38,7 +38,7 @@ protected:
         return file.LoadFile();
     }
 
-    // As a text resource is loaded: into a new document that the library has made.
+    // Past the checks of the library, into a new document that it has made.
     static bool LoadText(CXMLFile& file, std::wstring_view text)
     {
         file.LoadFileFromRes();

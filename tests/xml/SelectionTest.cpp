@@ -406,13 +406,13 @@ TEST_F(SelectNode, AFailedRemovalLeavesTheChildAndMakesNone)
     file.m_pXMLDoc = nullptr;
 }
 
-TEST_F(SelectNode, ADocumentThatMakesNoNodeCountsAsAPointerError)
+TEST_F(SelectNode, ADocumentThatMakesNoNodeCountsAsOutOfMemory)
 {
     FailingNodes nodes;
     CXMLFile file = LoadedAt("<r/>");
     file.m_pXMLDoc = nodes.Before(file.m_pXMLDoc);
     nodes.Fail(NodeCall::CreateNode, 1, S_FALSE);
-    EXPECT_TRUE(FAILED(ComFailureOf([&] { file.SelectNode(Writable(L"Item"), false, true); })));
+    EXPECT_EQ(ComFailureOf([&] { file.SelectNode(Writable(L"Item"), false, true); }), E_OUTOFMEMORY);
     EXPECT_EQ(TreeOf(file.m_pCurNode), L"r()");
     file.m_pXMLDoc = nullptr;
 }

@@ -35,7 +35,8 @@ struct MatrixSpin
 // Everything happens on the window's thread. Random numbers are the run-time library's (rand), seeded with
 // the time when the object is made. Surfaces and grid keep the size that the window has when it is made. A
 // window of fewer than three rows of characters has its drops begin in the first row; one of fewer than five
-// columns has no flickering letters; one without any area shows nothing.
+// columns has no flickering letters; one without any area shows nothing. Where the cursor is enabled, a line
+// that does not end before the last column is never complete, and its page stays.
 class VELM_API CMatrixCredits : public CWnd
 {
 public:

@@ -48,6 +48,9 @@ void CMatrixCredits::MakeSurfaces(CSize size)
     m_bmpBackground.CreateCompatibleBitmap(&client, size.cx, size.cy);
     SelectKeeping(m_dcBackground, m_bmpBackground, m_pOldBmpBackground, m_oldBmpBackground);
     SelectKeeping(m_dcBackground, m_font, m_pOldFontBackground, m_oldFontBackground);
+    // Text is opaque. Not every version of MFC leaves the colour of a fill behind.
+    m_dcComposite.SetBkColor(Black);
+    m_dcBackground.SetBkColor(Black);
     m_dcBackground.FillSolidRect(0, 0, size.cx, size.cy, Black);
 }
 

@@ -9,7 +9,7 @@ constexpr int TipCapacity = 80;
 
 void PutTipText(NMHDR* notification, const CString& text)
 {
-    if (notification->code == TTN_NEEDTEXTW) {
+    if (notification->code != TTN_NEEDTEXTA) {
         lstrcpynW(reinterpret_cast<TOOLTIPTEXTW*>(notification)->szText, text, TipCapacity);
         return;
     }

@@ -27,9 +27,9 @@ extern VELM_API UINT WM_XLISTCTRL_COMBO_SELECTION;  // a choice of a drop-down l
 // once unless something else is said.
 //
 // The records belong to the control and go with the row or the window. Their address is the row's list-view
-// parameter, so the caller's own data stand in a record as well, and rows must be inserted through this class:
-// its members hide those of CListCtrl of the same names. Columns added later have no records in the rows that
-// are there: their cells are drawn plain, and setters refuse them.
+// parameter, so the caller's own data stand in a record as well, and rows must be inserted through this
+// class: its members hide those of CListCtrl of the same names. Columns added later have no records in the
+// rows that are there: their cells are drawn plain, and setters refuse them.
 //
 // Tips are shown if the caller enables them (EnableToolTips).
 class VELM_API CXListCtrl : public CListCtrl

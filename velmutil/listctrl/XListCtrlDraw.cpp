@@ -315,7 +315,7 @@ void CXListCtrl::DrawComboBox(int nItem, int nSubItem, CDC* pDC, COLORREF, COLOR
     const CStringArray* const choices = record->pComboStrings;
     const int initial = record->nComboInitialSel;
     if (CCellText(*this, nItem, nSubItem).IsEmpty() && choices != nullptr && 0 <= initial &&
-        initial < choices->GetSize())
+        initial < choices->GetSize() && !choices->GetAt(initial).IsEmpty())
         SetItemText(nItem, nSubItem, choices->GetAt(initial));
     const CCellText text(*this, nItem, nSubItem);
     if (!text.IsEmpty()) {

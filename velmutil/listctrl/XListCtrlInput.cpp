@@ -130,7 +130,13 @@ void CXListCtrl::PressComboButton(int row, int column, CPoint point)
     const CRect cell = CellRect(row, column);
     // The second comparison is of unlike coordinates on purpose: so it has always been.
     if (point.x >= cell.right - cell.Height() && point.y <= cell.right) {
-        RecordOf(row, column)->bComboButtonDown = TRUE;
+        // The former list's going has moved the focus, and the program may have acted on that.
+        XLISTCTRLDATA* const record = RecordOf(row, column);
+        if (record == nullptr) {
+            Default();
+            return;
+        }
+        record->bComboButtonDown = TRUE;
         m_bComboButtonHeld = TRUE;
         m_nComboItem = row;
         m_nComboSubItem = column;

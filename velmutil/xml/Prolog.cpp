@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include <shlwapi.h>
 #include <wininet.h>
@@ -162,16 +162,21 @@ std::wstring WithoutEscapes(std::wstring name)
     return name;
 }
 
-// The files that a parser may open for a path or an address: it may take off a query and a fragment, and
-// resolve escapes.
-std::vector<std::wstring> FilesFor(const CString& path)
+// The files that a parser may open for a path or an address, each once: it may take off a query and a
+// fragment, unless there is a file of that very name, and resolve escapes.
+std::set<std::wstring> FilesFor(const CString& path)
 {
-    const std::wstring whole = path.GetString();
-    const std::wstring cut = whole.substr(0, whole.find_first_of(L"?#"));
-    if (PathIsURLW(whole.c_str()))
-        return {FileOfAddress(whole), FileOfAddress(cut)};
-    return {whole, cut, WithoutEscapes(whole), WithoutEscapes(cut)};
+    const std::wstring name = path.GetString();
+    const std::wstring cut = name.substr(0, name.find_first_of(L"?#"));
+    if (PathIsURLW(name.c_str()))
+        return {FileOfAddress(name), FileOfAddress(cut)};
+    if (GetFileAttributesW(name.c_str()) == INVALID_FILE_ATTRIBUTES)
+        return {cut, WithoutEscapes(name), WithoutEscapes(cut)};
+    return {name, WithoutEscapes(name)};
 }
+
+// A prolog that is longer than this is no prolog.
+constexpr size_t LongestProlog = 64 * 1024 * 1024;
 
 bool DeclaresEntities(const std::wstring& fileName)
 {
@@ -180,7 +185,7 @@ bool DeclaresEntities(const std::wstring& fileName)
         return false;
     std::string bytes;
     // Twice as much each time, so that a long prolog is not looked through again and again.
-    for (size_t wanted = 4096;; wanted *= 2) {
+    for (size_t wanted = 4096; wanted <= LongestProlog; wanted *= 2) {
         const size_t had = bytes.size();
         bytes.resize(wanted);
         const size_t got = std::fread(bytes.data() + had, 1, wanted - had, file.get());
@@ -192,6 +197,7 @@ bool DeclaresEntities(const std::wstring& fileName)
         if (bytes.size() < wanted)
             return false;
     }
+    return true;
 }
 
 } // namespace
@@ -204,6 +210,6 @@ bool TextDeclaresEntities(const CString& text)
 
 bool FileDeclaresEntities(const CString& path)
 {
-    const std::vector<std::wstring> files = FilesFor(path);
+    const std::set<std::wstring> files = FilesFor(path);
     return std::any_of(files.begin(), files.end(), DeclaresEntities);
 }

@@ -8,7 +8,8 @@
 #include <afxwin.h>
 
 // Whether the document in the file declares entities. False where the file cannot be read: that is
-// for the parser to say. Reads no further than to the root element. Takes paths and addresses of files, in
+// for the parser to say. Reads little further than to the root element; a
+// prolog of more than 64 MB counts as one that does. Takes paths and addresses of files, in
 // each reading that a parser may give them.
 bool FileDeclaresEntities(const CString& path);
 

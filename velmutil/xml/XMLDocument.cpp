@@ -60,6 +60,8 @@ IXMLDOMNodePtr MakeNode(const IXMLDOMDocument2Ptr& document, DOMNodeType type, c
     RequireXmlName(name);
     IXMLDOMNodePtr node;
     CheckCall(document->createNode(_variant_t(static_cast<long>(type)), name, CBstr(L""), &node), document);
+    if (!node)
+        _com_issue_error(E_OUTOFMEMORY);
     return node;
 }
 

@@ -106,6 +106,5 @@ void CXMLFile::GetXMLDocument(IXMLDOMDocument2Ptr& document)
 CString CXMLFile::GetXMLFileInString()
 {
     CBstr text;
-    (void)m_pXMLDoc->get_xml(text.Receive());
-    return text.Text();
+    return SUCCEEDED(m_pXMLDoc->get_xml(text.Receive())) ? text.Text() : CString();
 }

@@ -6,14 +6,16 @@
 // Failures are told in one of two ways, and each member says which is its own: a message box
 // (AfxMessageBox, an OK button, no help context), or the exception _com_error with the failing result
 // code and the error information of the failing object where it offers any. A call through a null
-// pointer counts as E_POINTER, text or a node that cannot be allocated as E_OUTOFMEMORY.
+// pointer counts as E_POINTER, text or a node that the platform cannot allocate as E_OUTOFMEMORY. Where
+// memory for MFC's or the standard library's own objects runs out, their exceptions leave a member that
+// catches none.
 //
 // Documents do not reach outside themselves: document type definitions are forbidden and external
 // references are not resolved, as far as the platform's parser knows these settings (ProhibitDTD and
 // ResolveExternals, set with every new document). Windows refuses a document with a DTD. Wine's parser
-// reads the internal one and fetches nothing. A document that declares entities of its own counts as not
-// well-formed everywhere: a few of them can keep a parser busy for ever. Names and texts may be as long as
-// the parser takes them; tens of thousands of attributes of one element cost it seconds.
+// reads the internal one and fetches nothing. A file or resource that declares entities of its own counts
+// as not well-formed everywhere: a few of them can keep a parser busy for ever. Names and texts may be as
+// long as the parser takes them; tens of thousands of attributes of one element cost it seconds.
 //
 // Where an argument is a wchar_t*, it is a text with a final zero that the member only reads. A name to be
 // given to a new element or attribute must be a name in XML's sense, with one prefix at most: otherwise
@@ -85,14 +87,15 @@ public:
     void UnLoadFile();
 
     // Writes the document to the path; without a document, does nothing. Raises _com_error where the
-    // platform's IXMLDOMDocument::save fails, which it does for an empty document on Windows, a missing
+    // platform's IXMLDOMDocument::save fails, which it may do for an empty document, a missing
     // folder and a file that cannot be written.
     //
     // The platform opens the file for writing before it writes: a file that cannot be opened (read-only,
     // locked, a folder) stays as it was, while a failure in the middle of writing may leave a part of it.
     // Windows writes in the encoding that the document's declaration names, Wine always in UTF-8 and
     // without changing the declaration: there, a document declared in another encoding may come back
-    // changed or not load. To be safe against both, declare UTF-8 or nothing.
+    // changed or not load. To be safe against both, declare UTF-8 or nothing. Wine writes an
+    // "&" in the name of a namespace as it is: that file does not load again.
     void SaveDocument();
 
     // Sets `document` to the document, with a reference of its own; null without one.
@@ -120,10 +123,10 @@ public:
     // Operation".
     void GetDOMNodePtr(CString xpath, IXMLDOMNodePtr& node);
 
-    // The value of the attribute `attribute` of the first element that `xpath` finds; empty where there is
-    // no such element or no such attribute. Any failure, and a node that is no element, shows "XML File
-    // Atrribute Error" and gives the empty text; an XPath that is not valid shows GetDOMNodePtr's message
-    // only.
+    // The value of the attribute `attribute` of the first node that `xpath` finds, which must be an element;
+    // empty where there is no such element or no such attribute. Any failure, and a node that is no element,
+    // shows "XML File Atrribute Error" and gives the empty text; an XPath that is not valid shows
+    // GetDOMNodePtr's message only.
     CString GetAttrib(CString xpath, wchar_t* attribute);
 
     // The same; sets `element` to that element as well. It stays as it was if nothing is found, and
@@ -179,7 +182,7 @@ public:
 
     // Removes the first node that `childXPath` finds from the first that `parentXPath` finds, both from
     // the document. Does nothing if either finds nothing. E_POINTER without a document; the platform's
-    // error where the one is not a child of the other.
+    // error where the one is not a child of the other, E_INVALIDARG for an attribute.
     void DeleteXMLNode(CString parentXPath, CString childXPath);
 
     // Resources

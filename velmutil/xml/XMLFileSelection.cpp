@@ -1,5 +1,8 @@
 #include "xml/XMLFile.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include "frame/Bstr.h"
 #include "frame/ListHelpers.h"
 #include "xml/XMLDocument.h"
@@ -32,11 +35,13 @@ bool AreValuesInMaps(const IXMLDOMDocument2Ptr& document, const wchar_t* name)
     return SUCCEEDED(result) && !owner;
 }
 
-// A value that begins or ends with a blank may be cut in the text of its node.
-bool HasOuterBlank(BSTR value)
+// A value that begins or ends with a blank may be cut in the text of its node, and line ends may change in
+// it.
+bool MayDifferFromText(BSTR value)
 {
-    const UINT length = SysStringLen(value);
-    return length > 0 && (value[0] <= L' ' || value[length - 1] <= L' ');
+    const std::wstring_view text(value != nullptr ? value : L"", SysStringLen(value));
+    return !text.empty() && (text.front() <= L' ' || text.back() <= L' ' ||
+                             std::any_of(text.begin(), text.end(), [](wchar_t c) { return c < L' '; }));
 }
 
 // Sets `text` to the text of the attribute `name` without making map and node of it, which takes half the
@@ -46,7 +51,7 @@ bool ReadPlainValue(const IXMLDOMNodePtr& node, BSTR name, CString& text)
     const IXMLDOMElementPtr element(node);
     _variant_t value;
     if (!element || element->getAttribute(name, &value) != S_OK || value.vt != VT_BSTR ||
-        HasOuterBlank(value.bstrVal))
+        MayDifferFromText(value.bstrVal))
         return false;
     text = TextOf(value.bstrVal);
     return true;

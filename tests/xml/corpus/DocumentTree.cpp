@@ -164,8 +164,6 @@ DocumentTree WithPlainTexts(DocumentTree tree)
         if (node.type == NODE_TEXT) {
             node.text.erase(0, std::min(node.text.find_first_not_of(WhiteSpace), node.text.size()));
             node.text.resize(node.text.find_last_not_of(WhiteSpace) + 1);
-            if (node.text.empty())
-                continue;
         }
         const bool isMore = node.type == NODE_CDATA_SECTION && !plain.empty() &&
                             plain.back().type == node.type && plain.back().depth == node.depth;
