@@ -136,6 +136,10 @@ Result Measure(const Row& row, int rounds)
     }
     result.problem = g_problem;
     if (result.problem.empty()) {
+        std::vector<double> ratios;
+        for (size_t round = 0; round < ours.size(); ++round)
+            ratios.push_back(ours[round] / beside[round]);
+        result.ratio = Median(std::move(ratios));
         result.ours = Median(std::move(ours));
         result.beside = Median(std::move(beside));
     }
@@ -174,10 +178,12 @@ int Main(int argc, char** argv)
             std::printf("%-*s not measured: %s\n", column, row.name.c_str(), result.problem.c_str());
             isBroken = true;
         } else {
-            const bool over = result.Ratio() > row.bound;
+            const bool over = result.ratio > row.bound;
             std::printf("%-*s %11.3f us %11.3f us %8.3f %7.2f  %s   (per %s)\n", column, row.name.c_str(),
-                        result.ours, result.beside, result.Ratio(), row.bound, over ? "over" : "ok",
+                        result.ours, result.beside, result.ratio, row.bound, over ? "over" : "ok",
                         row.unit.c_str());
+            if (row.note)
+                std::printf("  %s\n", row.note().c_str());
             isOver |= over;
         }
         std::fflush(stdout);

@@ -27,6 +27,8 @@ struct Row
     Work beside;
     // The greatest ratio, ours to beside, of the time per unit that is still "ok".
     double bound;
+    // What else there is to say of the row once it has run, printed below it. May be empty.
+    std::function<std::string()> note = {};
 };
 
 // The rows of the program, in the order in which they registered.
@@ -42,13 +44,12 @@ struct Result
 {
     double ours = 0;     // median time per unit, in microseconds
     double beside = 0;   // the same
+    double ratio = 0;    // median of the rounds' ratios, ours to beside
     std::string problem; // why the row counts for nothing; empty if it counts
-
-    double Ratio() const { return ours / beside; }
 };
 
 // Runs both works of a row alternately, `rounds` times each after one that does not count, and takes the
-// medians.
+// medians. The ratio is that of runs side by side: what slows the machine for a while slows both.
 Result Measure(const Row& row, int rounds);
 
 // The command line of a benchmark program. The result is the program's exit status.

@@ -5,6 +5,7 @@
 
 #include "Bench.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <list>
@@ -279,18 +280,19 @@ const bench::Registration g_writing{{"20000 new nodes with five attributes each,
 
 // A whole file
 
-constexpr size_t FileBytes = 20000000;
+constexpr std::uintmax_t FileBytes = 20000000;
 
-// A file with so many bytes, removed with the program.
-class CBigFile
+// The document that both sides read, and the file that both write. What is read is never written, so neither
+// side finds a file that the other has just left.
+class CBigFiles
 {
 public:
-    CBigFile() : m_path(std::filesystem::temp_directory_path() / L"velm-bench-document.xml")
+    CBigFiles()
     {
         const std::string item =
-            "<Item Name=\"An item\" Cmd=\"A_COMMAND\">" + std::string(400, 'x') + "</Item>\n";
-        std::ofstream file(m_path, std::ios::binary);
-        file << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Items>\n";
+            "<Item Name=\"An item\" Cmd=\"A_COMMAND\">" + std::string(400, 'x') + "</Item>";
+        std::ofstream file(m_source, std::ios::binary);
+        file << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Items>";
         for (size_t written = 0; written < FileBytes; written += item.size()) {
             file << item;
         }
@@ -299,60 +301,84 @@ public:
             throw std::runtime_error("the file for the benchmark cannot be written");
         }
     }
-    ~CBigFile()
+    ~CBigFiles()
     {
         std::error_code ignored;
-        std::filesystem::remove(m_path, ignored);
+        std::filesystem::remove(m_source, ignored);
+        std::filesystem::remove(m_copy, ignored);
     }
-    CBigFile(const CBigFile&) = delete;
-    CBigFile& operator=(const CBigFile&) = delete;
+    CBigFiles(const CBigFiles&) = delete;
+    CBigFiles& operator=(const CBigFiles&) = delete;
 
-    CString Path() const { return m_path.c_str(); }
+    CString Source() const { return m_source.c_str(); }
+    CString Copy() const { return m_copy.c_str(); }
+
+    // Puts the copy into the state from which each run starts: there, empty, and with nothing of the last run
+    // still on its way to the disk.
+    void EmptyCopy() const
+    {
+        const HANDLE file = CreateFileW(m_copy.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                        FILE_ATTRIBUTE_NORMAL, nullptr);
+        const bool isFlushed = file != INVALID_HANDLE_VALUE && FlushFileBuffers(file);
+        CloseHandle(file);
+        if (!isFlushed) {
+            throw std::runtime_error("the copy for the benchmark cannot be emptied");
+        }
+    }
+
+    // 1 if the whole document has been written.
+    size_t CountCopies() const { return std::filesystem::file_size(m_copy) >= FileBytes; }
 
 private:
-    std::filesystem::path m_path;
+    const std::filesystem::path m_source =
+        std::filesystem::temp_directory_path() / L"velm-bench-document.xml";
+    const std::filesystem::path m_copy = std::filesystem::temp_directory_path() / L"velm-bench-copy.xml";
 };
 
-CString BigPath()
+const CBigFiles& BigFiles()
 {
-    static const CBigFile file;
-    return file.Path();
+    static const CBigFiles files;
+    return files;
 }
 
-void PrepareFile()
+void PrepareFiles()
 {
-    BigPath();
+    BigFiles().EmptyCopy();
 }
 
 size_t CopyByLibrary()
 {
-    CXMLFile file(BigPath());
-    if (!file.LoadFile()) {
-        return 0;
+    {
+        CXMLFile file(BigFiles().Source());
+        if (!file.LoadFile()) {
+            return 0;
+        }
+        file.SetXMLFilePath(BigFiles().Copy());
+        file.SaveDocument();
     }
-    file.SaveDocument();
-    return 1;
+    return BigFiles().CountCopies();
 }
 
 size_t CopyByHand()
 {
-    IXMLDOMDocument2Ptr document;
-    CheckError(document.CreateInstance(L"Msxml2.DOMDocument.6.0"));
-    CheckError(document->put_async(VARIANT_FALSE));
-    const _variant_t path(BigPath().GetString());
-    VARIANT_BOOL isLoaded = VARIANT_FALSE;
-    CheckError(document->load(path, &isLoaded));
-    if (isLoaded == VARIANT_FALSE) {
-        return 0;
+    {
+        IXMLDOMDocument2Ptr document;
+        CheckError(document.CreateInstance(L"Msxml2.DOMDocument.6.0"));
+        CheckError(document->put_async(VARIANT_FALSE));
+        VARIANT_BOOL isLoaded = VARIANT_FALSE;
+        CheckError(document->load(_variant_t(BigFiles().Source().GetString()), &isLoaded));
+        if (isLoaded == VARIANT_FALSE) {
+            return 0;
+        }
+        CheckError(document->save(_variant_t(BigFiles().Copy().GetString())));
     }
-    CheckError(document->save(path));
-    return 1;
+    return BigFiles().CountCopies();
 }
 
 const bench::Registration g_copying{{"load and save of 20 MB, against document calls",
                                      "document",
-                                     {CopyByLibrary, 1, PrepareFile},
-                                     {CopyByHand, 1, PrepareFile},
+                                     {CopyByLibrary, 1, PrepareFiles},
+                                     {CopyByHand, 1, PrepareFiles},
                                      1.05}};
 
 } // namespace

@@ -281,6 +281,20 @@ TEST_P(ComboListTakenAway, InALossOfFocus)
     ExpectGone("escape");
 }
 
+TEST_P(ComboListTakenAway, InAnActivation)
+{
+    m_opener.SetFocus();
+    m_combo->m_bFirstActivation = TRUE;
+    m_combo->KillTimer(1);
+    m_opener.reactToLostFocus = m_opener.react;
+    m_combo->SetActive(BarWidth);
+    EXPECT_FALSE(::IsWindow(m_window));
+    if (GetParam() == Way::Destroy)
+        EXPECT_EQ(m_combo->m_bFirstActivation, TRUE) << "not laid out without a window";
+    else
+        EXPECT_EQ(m_combo, nullptr);
+}
+
 TEST_P(ComboListTakenAway, InTheProgramsMessageLoop)
 {
     for (const WPARAM key : {WPARAM{VK_RETURN}, WPARAM{VK_DOWN}})

@@ -42,6 +42,7 @@ public:
     std::vector<std::string> told;
     std::vector<std::pair<WPARAM, LPARAM>> parameters;
     std::function<void()> react;
+    std::function<void()> reactToLostFocus;
     HFONT font = nullptr;
 
 protected:
@@ -49,6 +50,8 @@ protected:
     {
         if (message == WM_GETFONT)
             return reinterpret_cast<LRESULT>(font);
+        if (message == WM_KILLFOCUS && reactToLostFocus)
+            reactToLostFocus();
         const char* const name = message == WM_XCOMBOLIST_VK_RETURN   ? "return"
                                  : message == WM_XCOMBOLIST_VK_ESCAPE ? "escape"
                                  : message == WM_XCOMBOLIST_KEYDOWN   ? "key"
@@ -125,6 +128,7 @@ protected:
     void TearDown() override
     {
         m_opener.react = nullptr;
+        m_opener.reactToLostFocus = nullptr;
         if (m_combo && m_combo->GetSafeHwnd() != nullptr)
             m_combo->DestroyWindow();
         AfxGetApp()->m_pMainWnd = nullptr;

@@ -1,5 +1,8 @@
 #include "ProgressDialogTest.h"
 
+#include <filesystem>
+
+#include "kit/Files.h"
 #include "kit/Input.h"
 #include "kit/Pump.h"
 
@@ -17,6 +20,7 @@ concept OpensDataExchange = requires(Dialog& dialog)
 static_assert(std::is_base_of_v<CDialog, CDlgProgressBar>);
 static_assert(std::has_virtual_destructor_v<CDlgProgressBar>);
 static_assert(std::is_default_constructible_v<CDlgProgressBar>);
+static_assert(std::is_convertible_v<CWnd*, CDlgProgressBar>);
 static_assert(!OpensDataExchange<CDlgProgressBar>);
 static_assert(std::is_same_v<decltype(CDlgProgressBar::m_ProgressCtrl), CProgressCtrl>);
 static_assert(std::is_same_v<decltype(CDlgProgressBar::m_strStatus), CString>);
@@ -144,6 +148,39 @@ TEST_F(ProgressDialog, IsCreatedFromTheLibraryThoughTheProgramHasNoSuchTemplate)
     EXPECT_TRUE(::IsWindow(*m_dialog));
     EXPECT_EQ(ClassOf(*m_dialog), L"#32770");
     EXPECT_EQ(::GetWindow(*m_dialog, GW_OWNER), m_parent.m_hWnd);
+}
+
+TEST_F(ProgressDialog, TemplateOfThatNumberInTheProgramsResourcesComesFirst)
+{
+    const testkit::TempFolder folder;
+    const std::filesystem::path file = folder / L"resources.dll";
+    std::filesystem::copy_file(testkit::ProgramFolder() / L"VelmUtil22.dll", file);
+    {
+        // The library's template, of another width, as if it were the program's.
+        const HRSRC place = FindResourceExW(Library(), RT_DIALOG, MAKEINTRESOURCEW(DialogNumber), 1033);
+        const auto bytes = static_cast<const BYTE*>(LockResource(LoadResource(Library(), place)));
+        std::vector<BYTE> changed(bytes, bytes + SizeofResource(Library(), place));
+        constexpr size_t WidthPlace = 22;
+        ASSERT_EQ(changed[WidthPlace] + 256 * changed[WidthPlace + 1], 319);
+        changed[WidthPlace] = 200;
+        changed[WidthPlace + 1] = 0;
+        const HANDLE update = BeginUpdateResourceW(file.c_str(), FALSE);
+        ASSERT_TRUE(UpdateResourceW(update, RT_DIALOG, MAKEINTRESOURCEW(DialogNumber), 1033, changed.data(),
+                                    static_cast<DWORD>(changed.size())));
+        ASSERT_TRUE(EndUpdateResourceW(update, FALSE));
+    }
+    const HMODULE module = LoadLibraryExW(file.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    ASSERT_NE(module, nullptr);
+    const HINSTANCE before = AfxGetResourceHandle();
+    AfxSetResourceHandle(module);
+    m_dialog = std::make_unique<OpenProgress>();
+    EXPECT_TRUE(m_dialog->CreateNonModal(&m_parent));
+    AfxSetResourceHandle(before);
+    CRect client;
+    m_dialog->GetClientRect(&client);
+    EXPECT_EQ(client.Width(), Pixels(0, 0, 200, 37).Width());
+    m_dialog.reset();
+    FreeLibrary(module);
 }
 
 TEST_F(ProgressDialog, ParentOfTheCreationCountsNotThatOfTheConstruction)

@@ -65,6 +65,9 @@ public:
         return String(static_cast<const Char*>(m_info.szText), end);
     }
 
+    // All of the buffer.
+    String Buffer() const { return String(m_info.szText, std::size(m_info.szText)); }
+
     // Everything but the buffer is as it was.
     bool IsElseUntouched() const
     {

@@ -210,6 +210,37 @@ TEST_F(TreeTipText, ToolThatIsTheTreesWindowIsNotAnswered)
     ExpectRefusedForTheWindow<NarrowRequest>();
 }
 
+// A tree with the tips that the platform's control has of itself: their requests come with its window.
+TEST_F(TreeTipText, RequestOfThePlatformsOwnTipIsLeftToThePlatform)
+{
+    CXTreeCtrl tree;
+    ASSERT_TRUE(tree.Create(WS_CHILD | WS_VISIBLE | (Style & ~TVS_NOTOOLTIPS),
+                            CRect(CPoint(20, 130), CSize(150, 60)), &m_parent, 6));
+    tree.InsertItem(L"root");
+    const HWND tip = reinterpret_cast<HWND>(tree.SendMessage(TVM_GETTOOLTIPS));
+    ASSERT_NE(tip, nullptr);
+    const auto number = reinterpret_cast<UINT_PTR>(tree.m_hWnd);
+    WideRequest wide(number, tip, TTF_IDISHWND);
+    NarrowRequest narrow(number, tip, TTF_IDISHWND);
+    const WideRequest::String before = wide.Buffer();
+    const NarrowRequest::String narrowBefore = narrow.Buffer();
+    tree.SendMessage(WM_NOTIFY, number, reinterpret_cast<LPARAM>(wide.Head()));
+    tree.SendMessage(WM_NOTIFY, number, reinterpret_cast<LPARAM>(narrow.Head()));
+    EXPECT_EQ(wide.Buffer(), before);
+    EXPECT_EQ(narrow.Buffer(), narrowBefore);
+    tree.DestroyWindow();
+}
+
+TEST_F(TreeTipText, RequestOfAnotherCodeIsAnsweredWithoutText)
+{
+    const HTREEITEM item = AddTipped(L"label", L"data");
+    TipRequest<TOOLTIPTEXTW, TTN_SHOW> request(reinterpret_cast<UINT_PTR>(item));
+    LRESULT result = 77;
+    EXPECT_EQ(m_tree->OnToolTipText(0, request.Head(), &result), TRUE);
+    EXPECT_EQ(result, 0);
+    EXPECT_TRUE(request.IsUntouched());
+}
+
 TEST_F(TreeTipText, FlagOfAWindowAloneDoesNotMatter)
 {
     const HTREEITEM item = Add(L"root");

@@ -7,9 +7,11 @@
 namespace
 {
 
+// A number is drawn in any case: where there is no choice, as in windows of few rows, it is the first.
 int Any(int count)
 {
-    return std::rand() % count;
+    const int number = std::rand();
+    return count < 1 ? 0 : number % count;
 }
 
 wchar_t AnyLetter()

@@ -32,7 +32,13 @@ struct TimerCall
     bool isStart;
     UINT_PTR id;
     UINT period; // 0 for an end
-    bool operator==(const TimerCall&) const = default;
+    // The model has none, so it does not count in a comparison.
+    HWND window = nullptr;
+
+    bool operator==(const TimerCall& other) const
+    {
+        return isStart == other.isStart && id == other.id && period == other.period;
+    }
 };
 
 // A character that the rain draws. A head covers its cell, what fades only its own ground.

@@ -187,5 +187,11 @@ testing::AssertionResult SameTicks::operator()(UINT_PTR id)
     }
     if (m_timers.Calls() != m_model.timers)
         return testing::AssertionFailure() << "tick " << m_count << ", timer " << id << ": other timers";
+    for (const TimerCall& call : m_timers.Calls()) {
+        if (call.window != m_credits.m_hWnd) {
+            return testing::AssertionFailure()
+                   << "tick " << m_count << ", timer " << id << ": a timer of another window";
+        }
+    }
     return testing::AssertionSuccess();
 }

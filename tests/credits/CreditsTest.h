@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -60,8 +61,16 @@ public:
     static const AFX_MSGMAP* BaseMap() { return CWnd::GetThisMessageMap(); }
 
     int erasings = 0;
+    // Called by the default of a timer's message.
+    std::function<void(UINT_PTR id)> onDefault;
 
 protected:
+    LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message == WM_TIMER && onDefault)
+            onDefault(wParam);
+        return CMatrixCredits::DefWindowProc(message, wParam, lParam);
+    }
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
     {
         if (message == WM_ERASEBKGND)
@@ -96,7 +105,7 @@ protected:
     }
     // Ticks of text and cursor until the page is complete; false if that never happens.
     bool FinishPage();
-    // Timer 1 has been ended and timer 0 started with that period.
+    // Timer 1 has been ended.
     bool HasFinishedPage() const;
 
     CSize Cells(int columns, int rows) const

@@ -4,6 +4,8 @@
 #include <set>
 #include <utility>
 
+#include "kit/Text.h"
+
 namespace
 {
 
@@ -285,6 +287,47 @@ TEST_F(CreditsDrawing, ALongerTextIsBlackAsFarAsItsMeasuredWidth)
     EXPECT_NE(drawn.Pixel(right - 1, top), Backdrop);
     EXPECT_EQ(drawn.Pixel(right, top), Backdrop);
     EXPECT_EQ(drawn.Pixel(left - 1, top), Backdrop);
+}
+
+TEST_F(CreditsDrawing, OddCharactersLeaveNothingOfTheGroundInTheirCells)
+{
+    MakeBoth({}, 40, 5);
+    const std::wstring texts[] = {L"\t\t",
+                                  L"\n\r",
+                                  L"   ",
+                                  L"\x7F\x80\xAD\xA0",
+                                  L"a\x0301\x0302",
+                                  L"\xD83D\xDE00",
+                                  L"\x05D0\x05D1",
+                                  L"\x0645\x0631\x062D",
+                                  L"\x200B\x200F\xFEFF",
+                                  L"\x3042\x30A2\x6F22",
+                                  L"fj\xC5y\xFF"};
+    for (const std::wstring& text : texts) {
+        Picture expected = Ground();
+        m_painter->String(expected, CPoint(5, 2), text, Ink);
+        EXPECT_TRUE(SamePixels(Draw(2, 5, text, static_cast<int>(text.size())), expected))
+            << testkit::Quoted(text);
+    }
+    for (wchar_t letter = 2; letter < 256; ++letter) {
+        Picture expected = Ground();
+        m_painter->String(expected, CPoint(5, 2), std::wstring_view(&letter, 1), Ink);
+        ASSERT_TRUE(SamePixels(Draw(2, 5, std::wstring(1, letter), 1), expected)) << static_cast<int>(letter);
+    }
+}
+
+TEST_F(CreditsDrawing, TextIsBlackBehindAfterABlock)
+{
+    MakeBoth({}, 10, 5);
+    Picture expected = Ground();
+    m_painter->String(expected, CPoint(1, 1), L"ab", Ink);
+    const auto draw = MemberOf(StringDrawing());
+    m_credits.m_dcComposite.FillSolidRect(0, 0, m_size.cx, m_size.cy, Backdrop);
+    m_painter->Block(expected, CPoint(6, 3), Ink);
+    (m_credits.*draw)(m_credits.m_dcComposite, 3, 6, L"\1", 1, Ink);
+    m_credits.m_dcComposite.SetBkColor(Ink);
+    (m_credits.*draw)(m_credits.m_dcComposite, 1, 1, L"ab", 2, Ink);
+    EXPECT_TRUE(SamePixels(Composite(), expected));
 }
 
 TEST_F(CreditsDrawing, TheCharacterOneAloneIsASolidCell)

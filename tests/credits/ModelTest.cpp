@@ -59,7 +59,12 @@ std::vector<Layout> Layouts()
             {"NegativeCount", 25, 8, never},
             {"OneCharacter", 55, 25, single},
             {"MoreLinesThanRows", 20, 8, tall},
-            {"WithoutLines", 40, 20, CreditsOptions{.hasCursor = false}}};
+            {"WithoutLines", 40, 20, CreditsOptions{.hasCursor = false}},
+            {"OneCell", 1, 1, tiny},
+            {"FourCells", 2, 2, tiny},
+            {"OneRow", 30, 1, usual},
+            {"TwoRows", 30, 2, character},
+            {"OneColumn", 1, 20, tiny}};
 }
 
 class ModelTest : public CreditsTest, public testing::WithParamInterface<Layout>
@@ -69,8 +74,11 @@ protected:
     {
         CreditsTest::SetUp();
         const Layout& layout = GetParam();
-        Make(layout.options, layout.columns, layout.rows);
-        m_model = std::make_unique<CreditsModel>(layout.options, Cells(layout.columns, layout.rows), m_font);
+        Prepare(m_credits, layout.options);
+        // A pixel more than whole cells: a client area without height does not keep its width.
+        const CSize size = Cells(layout.columns, layout.rows) + CSize(1, 1);
+        ASSERT_TRUE(Create(m_credits, size));
+        m_model = std::make_unique<CreditsModel>(layout.options, size, m_font);
         ASSERT_EQ(m_model->columns, layout.columns);
         ASSERT_EQ(m_model->rows, layout.rows);
     }

@@ -61,6 +61,8 @@ static_assert(offsetof(MatrixColumn, bActive) == 0 && offsetof(MatrixColumn, nRo
               sizeof(MatrixColumn) == 24);
 static_assert(std::is_same_v<decltype(MatrixSpin::pt), CPoint> &&
               std::is_same_v<decltype(MatrixSpin::nLife), int>);
+static_assert(offsetof(MatrixSpin, bActive) == 0 && offsetof(MatrixSpin, nLife) == 4 &&
+              offsetof(MatrixSpin, pt) == 8 && offsetof(MatrixSpin, ch) == 16 && sizeof(MatrixSpin) == 20);
 static_assert(std::is_base_of_v<CWnd, CMatrixCredits>);
 
 TEST_F(CreditsOptionsTest, ANewObjectHasItsDefaults)
@@ -268,6 +270,8 @@ TEST_F(CreditsOptionsTest, CreateStartsThePageTimerWithTheDelayAndTheRain)
 {
     Make({.startDelay = 9});
     EXPECT_THAT(m_timers.Calls(), ElementsAre(TimerCall{true, 0, 9000}, TimerCall{true, 3, 80}));
+    for (const TimerCall& call : m_timers.Calls())
+        EXPECT_EQ(call.window, m_credits.m_hWnd);
     EXPECT_TRUE(m_credits.GetUpdateRect(nullptr));
 }
 

@@ -108,6 +108,43 @@ TEST_F(CreditsPages, ALineAddedLaterMakesTheNextPageTheFirst)
     EXPECT_EQ(Page(), Lines(0, 0));
 }
 
+TEST_F(CreditsPages, ALineAddedInThePauseMakesTheNextPageTheFirst)
+{
+    Make({.lines = {L"a", PageEnd(L"1"), L"b", PageEnd(L"1"), L"c"}});
+    NextPage();
+    ASSERT_TRUE(FinishPage());
+    m_credits.AddTextLine(L"d");
+    Tick(3);
+    Tick(4);
+    NextPage();
+    EXPECT_EQ(Page(), Lines(0, 0));
+    EXPECT_TRUE(FinishPage());
+}
+
+// The page has no end any more.
+TEST_F(CreditsPages, ALineAddedWhileAPageDecodesRaisesTheExceptionOnceItsLastLineIsComplete)
+{
+    for (const bool hasCursor : {true, false}) {
+        OpenCredits credits;
+        Prepare(credits, {.lines = {L"a", L"b", PageEnd(L"1"), L"c"}, .hasCursor = hasCursor, .changes = 0});
+        ASSERT_TRUE(Create(credits, Cells(8, 5)));
+        credits.OnTimer(0);
+        credits.AddTextLine(L"d");
+        int ticks = 0;
+        bool hasRaised = false;
+        for (; ticks < 100 && !hasRaised; ++ticks) {
+            hasRaised = RaisesInvalidArgument([&] { credits.OnTimer(1); });
+            if (hasCursor && !hasRaised)
+                credits.OnTimer(2);
+        }
+        EXPECT_TRUE(hasRaised) << hasCursor;
+        EXPECT_EQ(credits.m_nCurLine, 2) << hasCursor;
+        EXPECT_TRUE(RaisesInvalidArgument([&] { credits.OnTimer(1); })) << hasCursor;
+        EXPECT_TRUE(RaisesInvalidArgument([&] { credits.OnTimer(3); })) << hasCursor;
+        credits.DestroyWindow();
+    }
+}
+
 TEST_F(CreditsPages, APageIsCentred)
 {
     Make({.lines = {L"Alpha", L"", L"Be"}, .hasCursor = false}, 21, 10);
@@ -221,6 +258,35 @@ TEST_F(CreditsPages, ALineOfMoreCharactersThanColumnsIsNeverCompleteUnderTheCurs
     Tick(1, 1000);
     EXPECT_EQ(Text(), std::wstring(static_cast<size_t>(10 - m_credits.m_arrLinePos[0].x), L'a'));
     EXPECT_THAT(m_timers.Calls(), IsEmpty());
+}
+
+TEST_F(CreditsPages, ALineMayEndInTheLastColumnUnderTheCursorButNoCharacterFurther)
+{
+    constexpr int columns = 20;
+    const int width = Cells(columns, 5).cx;
+    // The column behind the last of so many characters, one to a cell.
+    const auto endOf = [&](int length) {
+        const std::wstring line(static_cast<size_t>(length), L'a');
+        return (width - m_font.WidthOf(line)) / 2 / m_font.CellWidth() + length;
+    };
+    int length = 1;
+    while (endOf(length + 1) <= columns)
+        ++length;
+    ASSERT_EQ(endOf(length), columns);
+    ASSERT_EQ(endOf(length + 1), columns + 1);
+    for (const int more : {0, 1}) {
+        OpenCredits credits;
+        const std::wstring line(static_cast<size_t>(length + more), L'a');
+        Prepare(credits, {.lines = {line, L"b"}, .changes = 0});
+        ASSERT_TRUE(Create(credits, Cells(columns, 5)));
+        Tick(credits, 0);
+        for (int i = 0; i < columns; ++i)
+            Tick(credits, 2);
+        for (int i = 0; i < 10; ++i)
+            Tick(credits, 1);
+        EXPECT_EQ(credits.m_nCurLine, more == 0 ? 1 : 0);
+        credits.DestroyWindow();
+    }
 }
 
 TEST_F(CreditsPages, AnEmptyLineDoesNotWaitForTheCursor)

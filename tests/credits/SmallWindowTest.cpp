@@ -222,10 +222,12 @@ TEST_F(SmallCredits, AfterAFailingCreateTheNextSucceeds)
 
 TEST_F(SmallCredits, AfterTheWindowsEndCreateBeginsAnewInTheNewSize)
 {
-    Prepare(m_credits, {.lines = {L"Alpha"}});
+    const CreditsOptions options{.lines = {L"Alpha", L"Beta", PageEnd(L"2"), L"Gamma"}};
+    Prepare(m_credits, options);
     ASSERT_TRUE(Create(m_credits, Cells(30, 10)));
     Run(300);
     ASSERT_GT(m_credits.m_nActiveColumns, 0);
+    ASSERT_GE(m_credits.m_nCurLine, 0);
     m_credits.DestroyWindow();
     EXPECT_EQ(m_credits.m_hWnd, nullptr);
 
@@ -238,6 +240,12 @@ TEST_F(SmallCredits, AfterTheWindowsEndCreateBeginsAnewInTheNewSize)
         EXPECT_EQ(m_credits.m_nActiveColumns, 0);
         EXPECT_EQ(m_credits.m_nActiveSpins, 0);
         EXPECT_EQ(m_timers.Calls().size(), 2u);
+        CreditsModel model(options, size, m_font);
+        EXPECT_EQ(Difference(m_credits, model), "");
+        // The rain comes before the first page.
+        SameTicks tick(m_credits, model, m_timers, 5);
+        for (const UINT_PTR id : {3, 3, 3, 0, 1, 2, 1, 3})
+            ASSERT_TRUE(tick(id));
         Run(100);
         EXPECT_GT(m_credits.m_nActiveColumns, 0);
         m_credits.DestroyWindow();
@@ -251,8 +259,11 @@ TEST_F(SmallCredits, AnObjectDiesWithItsWindowStillThere)
     Prepare(*credits, {.lines = {L"a"}});
     ASSERT_TRUE(Create(*credits, Cells(10, 10)));
     const HWND window = credits->m_hWnd;
+    m_timers.Clear();
     credits.reset();
     EXPECT_FALSE(IsWindow(window));
+    // Timers go with their window.
+    EXPECT_THAT(m_timers.Calls(), IsEmpty());
 }
 
 TEST_F(SmallCredits, AnObjectDiesWithoutEverHavingAWindow)

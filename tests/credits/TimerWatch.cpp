@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "CallWatch.h"
 #include "kit/ImportTable.h"
 
 TimerWatch* TimerWatch::s_current = nullptr;
@@ -34,7 +35,8 @@ UINT_PTR WINAPI TimerWatch::Set(HWND window, UINT_PTR id, UINT period, TIMERPROC
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "SetTimer")));
     if (s_current == nullptr || function != nullptr)
         return original(window, id, period, function);
-    s_current->m_calls.push_back({true, id, period});
+    s_current->m_calls.push_back({true, id, period, window});
+    CallWatch::Add({Call::StartTimer, window, nullptr, static_cast<int>(id)});
     return id != 0 ? id : 1;
 }
 
@@ -44,7 +46,7 @@ BOOL WINAPI TimerWatch::Kill(HWND window, UINT_PTR id)
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "KillTimer")));
     if (s_current == nullptr)
         return original(window, id);
-    s_current->m_calls.push_back({false, id, 0});
+    s_current->m_calls.push_back({false, id, 0, window});
     return TRUE;
 }
 

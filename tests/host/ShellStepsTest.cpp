@@ -217,7 +217,7 @@ TEST_F(HostProgramRun, HelpAndVersionOpenNoWindow)
     EXPECT_THAT(result.output, HasSubstr("--press-button"));
     result = Run({L"--version"});
     EXPECT_EQ(result.exitCode, 0u);
-    EXPECT_EQ(result.output, "Velm Host 22.0\n");
+    EXPECT_EQ(result.output, "Velm Host " VELM_VERSION "\n");
 }
 
 TEST_F(HostProgramRun, StepsEndTheProgramThroughMenusLeftOpen)

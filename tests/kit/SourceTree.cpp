@@ -2,19 +2,25 @@
 
 #include "kit/Files.h"
 
+#include <filesystem>
+
 namespace testkit
 {
 
 std::string SourceText(std::wstring_view path)
 {
-    std::string text = ReadBytes(ProgramFolder() / VELM_SOURCE_FOLDER / path);
+    std::filesystem::path folder = ProgramFolder();
+    // Some programs lie in a folder of their own below the others.
+    if (!std::filesystem::exists(folder / VELM_SOURCE_FOLDER / path))
+        folder = folder.parent_path();
+    std::string text = ReadBytes(folder / VELM_SOURCE_FOLDER / path);
     std::erase(text, '\r');
     return text;
 }
 
-std::string FirstCodeOf(std::string_view page)
+std::string FirstCodeOf(std::string_view page, std::string_view language)
 {
-    constexpr std::string_view opening = "\n```cpp\n";
+    const std::string opening = "\n```" + std::string(language) + "\n";
     const size_t start = page.find(opening);
     if (start == std::string_view::npos)
         return "";

@@ -11,7 +11,8 @@ namespace testkit
 // std::runtime_error if it cannot be read.
 std::string SourceText(std::wstring_view path);
 
-// The code between the first opening fence for C++ of a page and its closing one; empty if there is none.
-std::string FirstCodeOf(std::string_view page);
+// The code between the first opening fence for a language of a page and its closing one; empty if there is
+// none.
+std::string FirstCodeOf(std::string_view page, std::string_view language = "cpp");
 
 } // namespace testkit

@@ -1,5 +1,6 @@
 // Calls with rows and columns that are not there, nulls, records that are missing, and no window.
 #include "CellState.h"
+#include "DropDownWarmUp.h"
 #include "ListTest.h"
 
 #include <climits>
@@ -99,16 +100,7 @@ protected:
 class ShrunkChoices : public BadCallTest
 {
 protected:
-    // The window class of the drop-down list has a device context of its own, made with its first window.
-    static void SetUpTestSuite()
-    {
-        CWnd window;
-        const LPCTSTR name = AfxRegisterWndClass(CS_SAVEBITS | CS_CLASSDC, ::LoadCursor(nullptr, IDC_ARROW));
-        ASSERT_TRUE(window.CreateEx(0, name, L"", WS_POPUP | WS_VISIBLE | WS_BORDER, CRect(0, 0, 50, 50),
-                                    nullptr, 0));
-        const CClientDC dc(&window);
-        window.DestroyWindow();
-    }
+    static void SetUpTestSuite() { ASSERT_TRUE(WarmUpDropDownClass()); }
 };
 
 using OutOfRange = BadCallTest;

@@ -119,7 +119,7 @@ void CellPainter::Line(int fromX, int fromY, int toX, int toY, COLORREF color)
 
 void CellPainter::Text(CRect place, std::wstring_view text, UINT format, COLORREF color)
 {
-    if (text.empty())
+    if (text.empty() || place.IsRectEmpty())
         return;
     SetBkMode(m_dc, TRANSPARENT);
     SetTextColor(m_dc, color);

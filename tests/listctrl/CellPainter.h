@@ -62,7 +62,7 @@ public:
 
     const testkit::Picture& Result() const { return m_picture; }
 
-    // An empty rectangle, also one whose sides have changed places, stays as it is.
+    // An empty rectangle, also one whose sides have changed places, stays as it is; so it does with texts.
     void Fill(const CRect& rect, COLORREF color);
 
     // The whole cell in the background, and the text on it. `alignment` is DT_LEFT, DT_CENTER or DT_RIGHT.

@@ -141,6 +141,17 @@ TEST_F(CountCheckedItems, FollowsInsertionAndDeletionOfRows)
     EXPECT_EQ(m_list.CountCheckedItems(0), 1);
 }
 
+TEST_F(CountCheckedItems, FollowsDeletionPastTheClass)
+{
+    AddRowsWithStates({1, 1, 0, 1}, 1);
+    EXPECT_TRUE(m_list.SendMessage(LVM_DELETEITEM, 1));
+    EXPECT_EQ(m_list.CountCheckedItems(1), 2);
+    EXPECT_TRUE(m_list.SendMessage(LVM_DELETEITEM, 1));
+    EXPECT_EQ(m_list.CountCheckedItems(1), 2);
+    EXPECT_TRUE(m_list.SendMessage(LVM_DELETEALLITEMS));
+    EXPECT_EQ(m_list.CountCheckedItems(1), 0);
+}
+
 TEST_F(CountCheckedItems, FollowsClicks)
 {
     AddRowsWithStates({0, 1}, 1);

@@ -30,6 +30,15 @@ protected:
         return parent.SendMessage(WM_NOTIFY, HandlingParent::ListId, reinterpret_cast<LPARAM>(&click));
     }
     void ClickColumn(int column) { NotifyClick(m_parent, column); }
+    // The black pixels of that part of a cell that is seen.
+    int BlackPixelsInSight(int row, int column)
+    {
+        CRect seen;
+        m_list.GetClientRect(&seen);
+        seen.IntersectRect(&seen, Cell(row, column));
+        const CClientDC dc(&m_list);
+        return testkit::Picture::OfDc(dc.m_hDC, seen).Count(RGB(0, 0, 0));
+    }
 };
 
 // Notes the header at each painting of the list.
@@ -221,6 +230,32 @@ TEST_F(ColumnClick, SetsRowsOutOfSightToo)
     m_list.EnsureVisible(59, FALSE);
     m_list.UpdateWindow();
     EXPECT_GT(BlackPixels(59, 2), 0);
+}
+
+TEST_F(ColumnClick, DrawsEveryRowInSightOfAScrolledListAtOnceAndThePartOfTheLast)
+{
+    for (int row = 0; row < 60; ++row)
+        AddRowsWithStates({0});
+    m_list.SetHeaderCheckedState(2, 1);
+    const CRect first = Cell(0, 2);
+    CRect window;
+    CRect client;
+    m_list.GetWindowRect(&window);
+    m_list.GetClientRect(&client);
+    // Five rows and all but three lines of a sixth.
+    const int change = first.top + 6 * first.Height() - 3 - client.Height();
+    m_list.SetWindowPos(nullptr, 0, 0, window.Width(), window.Height() + change, SWP_NOMOVE | SWP_NOZORDER);
+    m_list.SendMessage(LVM_SCROLL, 0, 10 * first.Height());
+    m_list.UpdateWindow();
+    m_list.GetClientRect(&client);
+    ASSERT_EQ(m_list.GetTopIndex(), 10);
+    ASSERT_EQ(Cell(15, 2).bottom, client.bottom + 3);
+    ASSERT_EQ(BlackPixelsInSight(10, 2), 0);
+    ASSERT_EQ(BlackPixelsInSight(15, 2), 0);
+    ClickColumn(2);
+    for (int row = 10; row <= 15; ++row)
+        EXPECT_GT(BlackPixelsInSight(row, 2), 0) << row;
+    EXPECT_FALSE(m_list.GetUpdateRect(nullptr));
 }
 
 TEST_F(ColumnClick, IsPassedOnToTheParent)

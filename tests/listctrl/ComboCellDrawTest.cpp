@@ -1,19 +1,11 @@
 // Drop-down cells: plain ones in rows that are not selected, a white box with a button in the selected row.
 #include "CellDrawing.h"
+#include "DropDownWarmUp.h"
 
 class ComboCellDraw : public CellDrawingTest
 {
 protected:
-    // The window class of the drop-down list has one device context, made with its first window and kept.
-    static void SetUpTestSuite()
-    {
-        CWnd window;
-        ASSERT_TRUE(
-            window.CreateEx(0, AfxRegisterWndClass(CS_SAVEBITS | CS_CLASSDC, LoadCursor(nullptr, IDC_ARROW)),
-                            L"", WS_POPUP | WS_VISIBLE | WS_BORDER, CRect(0, 0, 50, 50), nullptr, 0));
-        const CClientDC dc(&window);
-        window.DestroyWindow();
-    }
+    static void SetUpTestSuite() { ASSERT_TRUE(WarmUpDropDownClass()); }
 
     // Cell (1, 1) is a drop-down that shows "Second g".
     void SetUp() override

@@ -1,5 +1,6 @@
 // The draw notification: its stages, the choice of what a cell is drawn as, and whole lists on the screen.
 #include "CellDrawing.h"
+#include "UnlikeColors.h"
 
 #include "kit/UserObjects.h"
 
@@ -189,18 +190,20 @@ TEST_F(CustomDraw, SingleColumnSpansItsHeaderItem)
 
 TEST_F(CustomDraw, SystemColoursAreReadAnewWhenTheyChange)
 {
+    const UnlikeSystemColors colors;
+    ASSERT_TRUE(colors.AreGiven());
     m_list.SendMessage(WM_SYSCOLORCHANGE);
-    EXPECT_EQ(m_list.m_cr3DFace, GetSysColor(COLOR_BTNFACE));
-    EXPECT_EQ(m_list.m_cr3DHighLight, GetSysColor(COLOR_BTNHIGHLIGHT));
-    EXPECT_EQ(m_list.m_cr3DShadow, GetSysColor(COLOR_BTNSHADOW));
-    EXPECT_EQ(m_list.m_crBtnFace, GetSysColor(COLOR_BTNFACE));
-    EXPECT_EQ(m_list.m_crBtnShadow, GetSysColor(COLOR_BTNSHADOW));
-    EXPECT_EQ(m_list.m_crBtnText, GetSysColor(COLOR_BTNTEXT));
-    EXPECT_EQ(m_list.m_crGrayText, GetSysColor(COLOR_GRAYTEXT));
-    EXPECT_EQ(m_list.m_crHighLight, GetSysColor(COLOR_HIGHLIGHT));
-    EXPECT_EQ(m_list.m_crHighLightText, GetSysColor(COLOR_HIGHLIGHTTEXT));
-    EXPECT_EQ(m_list.m_crWindow, GetSysColor(COLOR_WINDOW));
-    EXPECT_EQ(m_list.m_crWindowText, GetSysColor(COLOR_WINDOWTEXT));
+    EXPECT_EQ(m_list.m_cr3DFace, UnlikeColor(COLOR_BTNFACE));
+    EXPECT_EQ(m_list.m_cr3DHighLight, UnlikeColor(COLOR_BTNHIGHLIGHT));
+    EXPECT_EQ(m_list.m_cr3DShadow, UnlikeColor(COLOR_BTNSHADOW));
+    EXPECT_EQ(m_list.m_crBtnFace, UnlikeColor(COLOR_BTNFACE));
+    EXPECT_EQ(m_list.m_crBtnShadow, UnlikeColor(COLOR_BTNSHADOW));
+    EXPECT_EQ(m_list.m_crBtnText, UnlikeColor(COLOR_BTNTEXT));
+    EXPECT_EQ(m_list.m_crGrayText, UnlikeColor(COLOR_GRAYTEXT));
+    EXPECT_EQ(m_list.m_crHighLight, UnlikeColor(COLOR_HIGHLIGHT));
+    EXPECT_EQ(m_list.m_crHighLightText, UnlikeColor(COLOR_HIGHLIGHTTEXT));
+    EXPECT_EQ(m_list.m_crWindow, UnlikeColor(COLOR_WINDOW));
+    EXPECT_EQ(m_list.m_crWindowText, UnlikeColor(COLOR_WINDOWTEXT));
 }
 
 TEST_F(CustomDraw, SystemColoursInRecordsStayWhenTheyChange)
@@ -211,6 +214,30 @@ TEST_F(CustomDraw, SystemColoursInRecordsStayWhenTheyChange)
     EXPECT_EQ(m_list.Record(row, 0)->crBackground, own::Window);
     EXPECT_EQ(m_list.Record(0, 1)->crText, Normal.text);
     EXPECT_EQ(m_list.Record(0, 1)->crBackground, Normal.background);
+}
+
+TEST_F(CustomDraw, LeavesTheContextWithTheTextsColoursAndTransparent)
+{
+    const auto expectLeft = [&](int column, COLORREF text, COLORREF background) {
+        const testkit::Picture drawn = Draw(1, column);
+        EXPECT_EQ(GetBkMode(drawn.Dc()), TRANSPARENT) << column;
+        EXPECT_EQ(GetTextColor(drawn.Dc()), text) << column;
+        EXPECT_EQ(GetBkColor(drawn.Dc()), background) << column;
+    };
+    CStringArray choices;
+    choices.Add(L"choice");
+    m_list.SetItemText(1, 1, L"checked");
+    m_list.SetCheckbox(1, 1, 1);
+    m_list.SetComboBox(1, 2, TRUE, &choices, 5, 0);
+    expectLeft(0, Normal.text, Normal.background);
+    expectLeft(1, Normal.text, Normal.background);
+    Select(1);
+    m_list.SetFocus();
+    expectLeft(0, own::HighLightText, own::HighLight);
+    expectLeft(2, own::WindowText, own::Window);
+    m_list.SetEnabled(1, FALSE);
+    expectLeft(1, own::GrayText, Normal.background);
+    expectLeft(2, own::GrayText, own::Window);
 }
 
 TEST_F(CustomDraw, LeavesNoGdiObjectBehind)

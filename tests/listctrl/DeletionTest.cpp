@@ -264,7 +264,16 @@ TEST_F(ListDestruction, ObjectServesAnotherWindowAfterwards)
     Fill(m_watched, 3);
     m_watched.SetCheckbox(0, 0, 1);
     m_watched.DestroyWindow();
+    EXPECT_EQ(m_watched.m_bHeaderSubclassed, FALSE);
     MakeWatchedList();
+    const HWND header = reinterpret_cast<HWND>(m_watched.SendMessage(LVM_GETHEADER));
+    ASSERT_NE(header, nullptr);
+    EXPECT_EQ(m_watched.m_HeaderCtrl.m_hWnd, header);
+    EXPECT_TRUE(m_watched.SetHeaderCheckedState(0, 2));
+    HDITEM item = {};
+    item.mask = HDI_IMAGE;
+    EXPECT_TRUE(::SendMessage(header, HDM_GETITEM, 0, reinterpret_cast<LPARAM>(&item)));
+    EXPECT_EQ(item.iImage, 2);
     EXPECT_EQ(m_watched.CountCheckedItems(0), 0);
     Fill(m_watched, 2);
     EXPECT_THAT(Data(m_watched), ElementsAre(0, 1));

@@ -281,8 +281,27 @@ TEST_F(OpenListEnd, ComesWithTheListObject)
         ASSERT_NE(list.m_pCombo, nullptr);
         combo = list.m_pCombo->m_hWnd;
         list.DestroyWindow();
+        EXPECT_TRUE(::IsWindow(combo)) << "until the object goes";
     }
     EXPECT_FALSE(::IsWindow(combo));
+}
+
+TEST_F(OpenListEnd, ComesWithTheObjectsNextWindow)
+{
+    OpenCombo(1, 1);
+    m_list.m_bComboButtonHeld = TRUE;
+    const HWND combo = m_list.m_pCombo->m_hWnd;
+    m_list.DestroyWindow();
+    ASSERT_TRUE(m_list.Create(Style, CRect(10, 10, 310, 260), &m_parent, 1));
+    EXPECT_EQ(m_list.m_pCombo, nullptr);
+    EXPECT_FALSE(::IsWindow(combo));
+    EXPECT_FALSE(m_list.m_bComboButtonHeld);
+    m_list.InsertColumn(0, L"First", LVCFMT_LEFT, 100);
+    m_list.InsertColumn(1, L"Second", LVCFMT_LEFT, 80);
+    AddRows(2);
+    m_list.SetItemText(1, 1, L"its own");
+    Click(Cell(0, 0).CenterPoint());
+    EXPECT_EQ(Text(1, 1), L"its own");
 }
 
 TEST_F(OpenListEnd, ComesWithTheParentsWindow)

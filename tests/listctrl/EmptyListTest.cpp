@@ -173,6 +173,27 @@ TEST_F(EmptyListWithoutHeader, BeginsTenPixelsDown)
     ExpectMessage(CRect(0, 10, ClientSize().cx, ClientSize().cy), Default, 0);
 }
 
+// A header that comes later than the list is not taken over by itself.
+class EmptyListSwitchedToReport : public EmptyList
+{
+protected:
+    void Make() override
+    {
+        m_parent.CreateEx(0, AfxRegisterWndClass(0), L"Parent", WS_POPUP | WS_VISIBLE,
+                          CRect(20, 20, 420, 320), nullptr, 0);
+        ASSERT_TRUE(m_list.Create(WS_CHILD | WS_VISIBLE | LVS_LIST, CRect(10, 10, 310, 260), &m_parent, 1));
+        m_list.InsertColumn(0, L"First", LVCFMT_LEFT, 100);
+        m_list.ModifyStyle(LVS_TYPEMASK, LVS_REPORT);
+        ASSERT_EQ(m_list.m_HeaderCtrl.GetSafeHwnd(), nullptr);
+        ASSERT_TRUE(::IsWindowVisible(Header()));
+    }
+};
+
+TEST_F(EmptyListSwitchedToReport, BeginsTenPixelsBelowItsHeader)
+{
+    ExpectMessage(Default);
+}
+
 TEST_F(EmptyList, WithoutColumnsBeginsTenPixelsDown)
 {
     for (int column = 2; column >= 0; --column)

@@ -78,7 +78,7 @@ TEST_F(HeaderDraw, OnePixelOfRoomShowsOneColumnOfTheImage)
     SetWidth(1, 13);
     ExpectItems({{0, 100, L"First"}, {100, 113, L"Second", Images[1]}, {113, 173, L"Third"}});
     SetWidth(1, 12);
-    ExpectItems({{0, 100, L"First"}, {100, 112, L""}, {112, 172, L"Third"}});
+    ExpectItems({{0, 100, L"First"}, {100, 112, {}}, {112, 172, L"Third"}});
 }
 
 TEST_F(HeaderDraw, ImageHigherThanTheHeaderIsCentred)
@@ -201,7 +201,7 @@ TEST_F(HeaderDraw, AccessMarksAreLeftToTheTextRoutine)
 
 TEST_F(HeaderDraw, EmptyCaptionShowsNothing)
 {
-    SetCaption(0, L"");
+    SetCaption(0, {});
     std::vector<PaintedItem> items = Plain();
     items[0].caption.clear();
     ExpectItems(items);
@@ -243,7 +243,7 @@ TEST_F(HeaderDraw, ColumnsWithoutWidthHaveNoFrame)
 {
     for (int column = 0; column < 3; ++column)
         SetWidth(column, 0);
-    ExpectItems({{0, 0, L""}, {0, 0, L""}, {0, 0, L""}});
+    ExpectItems({{0, 0, {}}, {0, 0, {}}, {0, 0, {}}});
 }
 
 TEST_F(HeaderDraw, HeaderWithoutItemsIsFaceAlone)
@@ -265,6 +265,29 @@ TEST_F(HeaderDraw, ColumnsAsWideAsTheHeaderHaveTheWholeFrame)
 {
     SetWidth(2, ClientSize().cx - 180);
     ExpectItems({{0, 100, L"First"}, {100, 180, L"Second"}, {180, ClientSize().cx, L"Third"}});
+}
+
+TEST_F(HeaderDraw, FrameOfColumnsWiderThanTheHeaderEndsWithTheHeader)
+{
+    NotingHeader header;
+    ASSERT_TRUE(header.Create(WS_CHILD | WS_VISIBLE | HDS_HORZ, CRect(10, 270, 110, 292), &m_parent, 8));
+    header.SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(m_font));
+    header.m_cr3DHighLight = Light;
+    header.m_cr3DShadow = Dark;
+    header.m_cr3DFace = Face;
+    for (const PaintedItem& item : Plain()) {
+        std::wstring caption = item.caption;
+        HDITEM described{};
+        described.mask = HDI_TEXT | HDI_WIDTH | HDI_FORMAT;
+        described.fmt = HDF_STRING;
+        described.pszText = caption.data();
+        described.cxy = item.right - item.left;
+        ASSERT_GE(header.InsertItem(header.GetItemCount(), &described), 0);
+    }
+    const testkit::Picture shown = testkit::Picture::OfClient(header.m_hWnd);
+    ASSERT_EQ(shown.Width(), 100);
+    EXPECT_EQ(FirstDifference(shown, PaintHeader({100, 22}, Plain(), {Light, Dark, Face}, m_font)), "");
+    EXPECT_EQ(shown.Count(Dark, CRect(99, 0, 100, 22)), 22);
 }
 
 TEST_F(HeaderDraw, SpacingWidensTheGaps)
@@ -357,6 +380,37 @@ TEST_F(HeaderDraw, ContextKeepsItsFontAndPen)
     EXPECT_EQ(GetCurrentObject(picture.Dc(), OBJ_FONT), font);
     EXPECT_EQ(GetCurrentObject(picture.Dc(), OBJ_PEN), pen);
     dc.Detach();
+}
+
+TEST_F(HeaderDraw, ContextWithoutClipBoxGetsNothing)
+{
+    CDC dc;
+    ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
+    ::DeleteDC(dc.GetSafeHdc());
+    m_header.DrawCtrl(&dc);
+    dc.Detach();
+    EXPECT_THAT(m_header.drawn, IsEmpty());
+}
+
+TEST_F(HeaderDraw, GoesThroughABitmapOfTheClipBox)
+{
+    Shown();
+    m_header.drawn.clear();
+    const CRect clip(90, 4, 150, ClientSize().cy - 3);
+    m_header.InvalidateRect(clip);
+    m_header.UpdateWindow();
+    ASSERT_THAT(m_header.drawn, SizeIs(3));
+    EXPECT_EQ(m_header.drawn[0].contextType, static_cast<DWORD>(OBJ_MEMDC));
+    EXPECT_EQ(m_header.drawn[0].bitmapSize, clip.Size());
+    EXPECT_EQ(m_header.drawn[0].windowOrigin, clip.TopLeft());
+}
+
+TEST_F(HeaderDraw, GoesStraightToTheWindowWithoutDoubleBuffer)
+{
+    Shown(FALSE);
+    ASSERT_THAT(m_header.drawn, SizeIs(3));
+    EXPECT_EQ(m_header.drawn[0].contextType, static_cast<DWORD>(OBJ_DC));
+    EXPECT_EQ(m_header.drawn[0].windowOrigin, CPoint(0, 0));
 }
 
 TEST_F(HeaderDraw, ItemsOutsideTheClipBoxAreDrawnToo)

@@ -19,6 +19,9 @@ public:
         COLORREF textColor;
         COLORREF backColor;
         HGDIOBJ font;
+        DWORD contextType;
+        CSize bitmapSize; // of a memory context
+        CPoint windowOrigin;
     };
     std::vector<DrawnItem> drawn;
     std::vector<DRAWITEMSTRUCT> ownerDrawn;
@@ -33,8 +36,11 @@ public:
 protected:
     void DrawItem(CDC* dc, CRect rect, HDITEM* item) override
     {
+        const HDC context = dc->GetSafeHdc();
+        const DWORD type = ::GetObjectType(context);
         drawn.push_back({rect, *item, item->pszText, dc->GetTextColor(), dc->GetBkColor(),
-                         ::GetCurrentObject(dc->GetSafeHdc(), OBJ_FONT)});
+                         ::GetCurrentObject(context, OBJ_FONT), type,
+                         type == OBJ_MEMDC ? BitmapSize(context) : CSize(0, 0), dc->GetWindowOrg()});
         OpenHeader::DrawItem(dc, rect, item);
     }
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
@@ -42,6 +48,14 @@ protected:
         if (message == WM_ERASEBKGND)
             ++erasings;
         return OpenHeader::WindowProc(message, wParam, lParam);
+    }
+
+private:
+    static CSize BitmapSize(HDC context)
+    {
+        BITMAP bitmap{};
+        ::GetObject(::GetCurrentObject(context, OBJ_BITMAP), sizeof bitmap, &bitmap);
+        return {bitmap.bmWidth, bitmap.bmHeight};
     }
 };
 

@@ -59,6 +59,7 @@ testkit::Picture PaintHeader(CSize client, const std::vector<PaintedItem>& items
         }
         width += item.right - item.left;
     }
+    width = std::min<int>(width, client.cx);
     if (width > 0) {
         FillBox(dc, 0, 0, width - 1, 1, look.light);
         FillBox(dc, 0, 0, 1, client.cy - 1, look.light);

@@ -1,4 +1,5 @@
 #include "HeaderGround.h"
+#include "UnlikeColors.h"
 
 #include <cstddef>
 #include <memory>
@@ -64,6 +65,8 @@ public:
 
 TEST(HeaderObject, MembersHaveTheirDefaults)
 {
+    const UnlikeSystemColors colors;
+    ASSERT_TRUE(colors.AreGiven());
     const OpenHeader header;
     EXPECT_EQ(header.m_bDoubleBuffer, 1);
     EXPECT_EQ(header.m_nSpacing, 6);
@@ -74,10 +77,10 @@ TEST(HeaderObject, MembersHaveTheirDefaults)
     EXPECT_EQ(header.m_nReserved1, 0);
     EXPECT_EQ(header.m_nReserved2, 0);
     EXPECT_EQ(header.m_nReserved3, 0);
-    EXPECT_EQ(header.m_cr3DHighLight, GetSysColor(COLOR_BTNHIGHLIGHT));
-    EXPECT_EQ(header.m_cr3DShadow, GetSysColor(COLOR_BTNSHADOW));
-    EXPECT_EQ(header.m_cr3DFace, GetSysColor(COLOR_BTNFACE));
-    EXPECT_EQ(header.m_crText, GetSysColor(COLOR_BTNTEXT));
+    EXPECT_EQ(header.m_cr3DHighLight, UnlikeColor(COLOR_BTNHIGHLIGHT));
+    EXPECT_EQ(header.m_cr3DShadow, UnlikeColor(COLOR_BTNSHADOW));
+    EXPECT_EQ(header.m_cr3DFace, UnlikeColor(COLOR_BTNFACE));
+    EXPECT_EQ(header.m_crText, UnlikeColor(COLOR_BTNTEXT));
 }
 
 // Offsets themselves are the compiler's: some put the first member into the padding of the base class.
@@ -321,10 +324,12 @@ TEST_F(HeaderTest, ErasingIsClaimedButNotDone)
 
 TEST_F(HeaderTest, SystemColorsAreReadAnew)
 {
+    const UnlikeSystemColors colors;
+    ASSERT_TRUE(colors.AreGiven());
     m_header.SendMessage(WM_SYSCOLORCHANGE);
-    EXPECT_EQ(m_header.m_cr3DHighLight, GetSysColor(COLOR_BTNHIGHLIGHT));
-    EXPECT_EQ(m_header.m_cr3DShadow, GetSysColor(COLOR_BTNSHADOW));
-    EXPECT_EQ(m_header.m_cr3DFace, GetSysColor(COLOR_BTNFACE));
-    EXPECT_EQ(m_header.m_crText, GetSysColor(COLOR_BTNTEXT));
+    EXPECT_EQ(m_header.m_cr3DHighLight, UnlikeColor(COLOR_BTNHIGHLIGHT));
+    EXPECT_EQ(m_header.m_cr3DShadow, UnlikeColor(COLOR_BTNSHADOW));
+    EXPECT_EQ(m_header.m_cr3DFace, UnlikeColor(COLOR_BTNFACE));
+    EXPECT_EQ(m_header.m_crText, UnlikeColor(COLOR_BTNTEXT));
     EXPECT_EQ(m_header.m_nSpacing, 6);
 }

@@ -1,4 +1,5 @@
 #include "InputTest.h"
+#include "DropDownWarmUp.h"
 
 #include <commctrl.h>
 
@@ -38,12 +39,7 @@ void HandlingParent::OnNote(NMHDR* notification, LRESULT* result)
 
 void InputTest::SetUpTestSuite()
 {
-    CWnd window;
-    const LPCTSTR name = AfxRegisterWndClass(CS_SAVEBITS | CS_CLASSDC, ::LoadCursor(nullptr, IDC_ARROW));
-    ASSERT_TRUE(
-        window.CreateEx(0, name, L"", WS_POPUP | WS_VISIBLE | WS_BORDER, CRect(0, 0, 50, 50), nullptr, 0));
-    const CClientDC dc(&window);
-    window.DestroyWindow();
+    ASSERT_TRUE(WarmUpDropDownClass());
 }
 
 void InputTest::SetUp()

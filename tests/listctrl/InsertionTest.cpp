@@ -5,6 +5,7 @@
 
 #include <climits>
 #include <cstring>
+#include <new>
 
 namespace
 {
@@ -29,6 +30,17 @@ LVITEM TextItem(int row, int column)
 void* __cdecl NoMemory(size_t, const void*)
 {
     return nullptr;
+}
+
+[[noreturn]] void* ThrowBadAlloc(size_t)
+{
+    throw std::bad_alloc();
+}
+
+// As the framework's own allocation does.
+[[noreturn]] void* ThrowMemoryException(size_t)
+{
+    AfxThrowMemoryException();
 }
 #endif
 
@@ -121,6 +133,33 @@ TEST_F(InsertItemText, LeavesARowWithoutRecordsWhereThereIsNoMemory)
         EXPECT_EQ(m_list.CListCtrl::GetItemData(row), 0u) << row;
         EXPECT_FALSE(m_list.SetBold(row, 0, TRUE)) << row;
     }
+}
+
+// The first rows of a list make it count the checked rows of each column, which takes memory too.
+TEST_F(InsertItemText, LeavesARowWithoutRecordsWhereTheAllocationThrows)
+{
+    LVITEM item = TextItem(2, 0);
+    item.mask |= LVIF_PARAM;
+    item.lParam = 0x1234;
+    int rows = 0;
+    for (void* (*const allocate)(size_t) : {ThrowBadAlloc, ThrowMemoryException}) {
+        const CReplacedImport allocation("libstdc++-6.dll", "_Znwy", reinterpret_cast<void*>(allocate));
+        ASSERT_TRUE(allocation.IsReplaced());
+        EXPECT_EQ(m_list.InsertItem(rows++, L"poor"), -1);
+        EXPECT_EQ(m_list.InsertItem(rows++, L"colored", Red, Green), -1);
+        item.iItem = rows++;
+        EXPECT_EQ(m_list.InsertItem(&item), -1);
+    }
+    EXPECT_THAT(FirstTexts(),
+                testing::ElementsAre(L"poor", L"colored", L"given", L"poor", L"colored", L"given"));
+    for (int row = 0; row < rows; ++row) {
+        EXPECT_EQ(m_list.CListCtrl::GetItemData(row), 0u) << row;
+        EXPECT_FALSE(m_list.SetBold(row, 0, TRUE)) << row;
+    }
+    EXPECT_EQ(m_list.CountCheckedItems(1), 0);
+    EXPECT_EQ(m_list.InsertItem(rows, L"rich"), rows);
+    EXPECT_TRUE(m_list.SetCheckbox(rows, 1, 1));
+    EXPECT_EQ(m_list.CountCheckedItems(1), 1);
 }
 #endif
 

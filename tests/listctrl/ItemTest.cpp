@@ -1,5 +1,6 @@
 // What rows and cells hold: texts, colours, data, bold, enabled, images, tips, selection.
 #include "CellTest.h"
+#include "InputTest.h"
 
 #include <climits>
 
@@ -360,6 +361,31 @@ TEST_F(CurrentSelection, LeavesOtherRowsSelected)
     EXPECT_EQ(m_list.GetItemState(0, LVIS_SELECTED), static_cast<UINT>(LVIS_SELECTED));
     EXPECT_EQ(m_list.GetItemState(2, LVIS_SELECTED), static_cast<UINT>(LVIS_SELECTED));
     EXPECT_EQ(m_list.GetCurSel(), 0);
+}
+
+TEST_F(CurrentSelection, LeavesRowsOutOfRangeToTheListView)
+{
+    AddRows(3);
+    constexpr UINT both = LVIS_SELECTED | LVIS_FOCUSED;
+    for (const int row : {-1, -2, 3, INT_MAX}) {
+        int asked = 0;
+        const MessageProbe probe(m_list.m_hWnd, [&](UINT message, WPARAM wParam, LPARAM lParam) {
+            if (message != LVM_SETITEMSTATE)
+                return;
+            const auto item = reinterpret_cast<const LVITEM*>(lParam);
+            ++asked;
+            EXPECT_EQ(static_cast<int>(wParam), row);
+            EXPECT_EQ(item->state, both);
+            EXPECT_EQ(item->stateMask, both);
+        });
+        const BOOL result = m_list.SetCurSel(row);
+        EXPECT_EQ(asked, 1) << row;
+        LVITEM item = {};
+        item.state = item.stateMask = both;
+        EXPECT_EQ(result, m_list.SendMessage(LVM_SETITEMSTATE, static_cast<WPARAM>(row),
+                                             reinterpret_cast<LPARAM>(&item)))
+            << row;
+    }
 }
 
 TEST_F(CurrentSelection, IsRefusedBeyondTheEnd)

@@ -99,6 +99,8 @@ class ListParent : public CWnd
 public:
     std::vector<ParentMessage> messages;
     std::vector<UINT> notifications;
+    // The notification that it answers with TRUE, after all else that hears of it.
+    UINT answered = 0;
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
@@ -107,11 +109,14 @@ protected:
             messages.push_back({message, wParam, lParam});
         if (message == WM_NOTIFY)
             notifications.push_back(reinterpret_cast<NMHDR*>(lParam)->code);
-        return CWnd::WindowProc(message, wParam, lParam);
+        const bool isAnswered = message == WM_NOTIFY && answered != 0 && notifications.back() == answered;
+        const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+        return isAnswered ? TRUE : result;
     }
 };
 
-// A visible parent with a list of three columns (100, 80 and 60 pixels), without rows, and the focus elsewhere.
+// A visible parent with a list of three columns (100, 80 and 60 pixels), without rows, and the focus
+// elsewhere.
 class ListTest : public testing::Test
 {
 protected:
@@ -121,8 +126,8 @@ protected:
 
     void MakeList(DWORD style = Style)
     {
-        m_parent.CreateEx(0, AfxRegisterWndClass(0), L"Parent", WS_POPUP | WS_VISIBLE, CRect(20, 20, 420, 320),
-                          nullptr, 0);
+        m_parent.CreateEx(0, AfxRegisterWndClass(0), L"Parent", WS_POPUP | WS_VISIBLE,
+                          CRect(20, 20, 420, 320), nullptr, 0);
         ASSERT_TRUE(m_list.Create(style, CRect(10, 10, 310, 260), &m_parent, 1));
         m_list.InsertColumn(0, L"First", LVCFMT_LEFT, 100);
         m_list.InsertColumn(1, L"Second", LVCFMT_LEFT, 80);

@@ -1,8 +1,9 @@
 // The record of a cell, and the data members and exported functions of the list control.
 #include "CellState.h"
 #include "ListTest.h"
+#include "UnlikeColors.h"
 
-#include "kit/ReplacedImports.h"
+#include "kit/LeakGate.h"
 
 #include <cstddef>
 #include <cstring>
@@ -149,22 +150,6 @@ public:
 private:
     alignas(T) unsigned char m_memory[sizeof(T)];
     T* m_object;
-};
-
-// No two alike, for any index.
-DWORD WINAPI UnlikeColor(int index)
-{
-    return RGB(10 + 5 * index, 100, 200 - 5 * index);
-}
-
-// Gives the library system colours of which no two are alike, for as long as it lives.
-class UnlikeSystemColors
-{
-public:
-    bool AreGiven() const { return m_replaced.IsReplaced(); }
-
-private:
-    CReplacedImport m_replaced{"USER32.dll", "GetSysColor", reinterpret_cast<void*>(UnlikeColor)};
 };
 
 // A record of which no field has its first value.
@@ -416,17 +401,18 @@ TEST(ListMembers, DropDownListGoesWithTheControlThroughItsVirtualDestructor)
 TEST(ListMembers, FontAndImageListGoWithTheControl)
 {
     HGDIOBJ font = nullptr;
-    HIMAGELIST images = nullptr;
+    const long long before = testkit::CountNow(testkit::GdiObjects);
     {
         OpenList list;
         ASSERT_TRUE(list.m_fontComboList.CreatePointFont(90, L"Arial"));
-        ASSERT_TRUE(list.m_cImageList.Create(16, 16, ILC_COLOR32, 1, 1));
         font = list.m_fontComboList.GetSafeHandle();
-        images = list.m_cImageList.GetSafeHandle();
         ASSERT_EQ(::GetObjectType(font), static_cast<DWORD>(OBJ_FONT));
-        ASSERT_EQ(::ImageList_GetImageCount(images), 0);
+        const long long withFont = testkit::CountNow(testkit::GdiObjects);
+        ASSERT_TRUE(list.m_cImageList.Create(16, 16, ILC_COLOR32, 1, 1));
+        ASSERT_GT(testkit::CountNow(testkit::GdiObjects), withFont);
     }
     EXPECT_EQ(::GetObjectType(font), 0u);
+    EXPECT_EQ(testkit::CountNow(testkit::GdiObjects), before);
 }
 
 TEST(ListFunctions, AreMembersOfTheLibrary)

@@ -88,6 +88,25 @@ protected:
     BOOL m_answer = 0;
 };
 
+// Answers every hit test with a row far down.
+class FarRowList : public OpenList
+{
+public:
+    static constexpr int Row = 3000000;
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message != LVM_SUBITEMHITTEST)
+            return OpenList::WindowProc(message, wParam, lParam);
+        auto& hit = *reinterpret_cast<LVHITTESTINFO*>(lParam);
+        hit.flags = LVHT_ONITEMLABEL;
+        hit.iItem = Row;
+        hit.iSubItem = 0;
+        return Row;
+    }
+};
+
 // Counts the calls of the virtual function.
 class TipCountingList : public OpenList
 {
@@ -129,6 +148,19 @@ TEST_F(ToolHitTest, NumbersRowsAlsoInAScrolledList)
     TOOLINFO tool = Untouched();
     EXPECT_EQ(m_list.OnToolHitTest(Label(301, 2), &tool), 301003);
     EXPECT_EQ(tool.uId, 301003u);
+}
+
+TEST_F(ToolHitTest, NumbersCellsIn32Bits)
+{
+    FarRowList list;
+    ASSERT_TRUE(list.Create(Style, CRect(0, 0, 100, 100), &m_parent, 2));
+    TOOLINFO tool = Untouched();
+    // 3,000,000,001 less 2 to the 32nd.
+    constexpr INT_PTR expected = -1294967295;
+    EXPECT_EQ(list.OnToolHitTest(CPoint(5, 5), &tool), expected);
+    EXPECT_EQ(tool.uId, static_cast<UINT_PTR>(expected));
+    EXPECT_EQ(list.OnToolHitTest(CPoint(5, 5), nullptr), expected);
+    list.DestroyWindow();
 }
 
 TEST_F(ToolHitTest, IsMinusOneBesideTheRowsAndLeavesTheTool)
@@ -257,6 +289,26 @@ TEST_F(ToolTipText, IsNotWrittenBesideTheRows)
         EXPECT_EQ(m_answer, FALSE);
         EXPECT_EQ(m_result, 0);
     }
+}
+
+TEST_F(ToolTipText, IsNotWrittenOnAnIcon)
+{
+    CImageList images;
+    ASSERT_TRUE(images.Create(16, 16, ILC_COLOR32, 1, 1));
+    CBitmap bitmap;
+    ASSERT_TRUE(bitmap.CreateBitmap(16, 16, 1, 32, nullptr));
+    images.Add(&bitmap, RGB(0, 0, 0));
+    m_list.SetImageList(&images, LVSIL_SMALL);
+    m_list.SetItemToolTipText(1, 0, L"tip");
+    CRect icon;
+    ASSERT_TRUE(m_list.GetItemRect(1, &icon, LVIR_ICON));
+    PutMessageAt(icon.CenterPoint());
+    EXPECT_TRUE(IsUntouched(AskWide()));
+    EXPECT_EQ(m_answer, FALSE);
+    EXPECT_EQ(m_result, 0);
+    PutMessageAt(CPoint(icon.right + 6, icon.CenterPoint().y));
+    EXPECT_STREQ(AskWide().tip.szText, L"tip") << "on the label beside it";
+    m_list.SetImageList(nullptr, LVSIL_SMALL);
 }
 
 TEST_F(ToolTipText, IsAskedForByBothNotificationsOfAnyControl)

@@ -165,6 +165,23 @@ TEST_F(CreateAttrib, ChangingAnAttributeNeedsNoDocument)
     EXPECT_EQ(AttributeValue(file.m_pCurNode, Name), L"8");
 }
 
+TEST_F(CreateAttrib, ANewAttributeIsInNoNamespace)
+{
+    for (const char* utf8 : {"<r/>", "<r xmlns='urn:d'/>", "<p:r xmlns:p='urn:p'/>"}) {
+        CXMLFile file = LoadedAt(utf8);
+        int value = 42;
+        file.CreateAttrib(Writable(Name), value);
+        IXMLDOMNamedNodeMapPtr attributes;
+        file.m_pCurNode->get_attributes(&attributes);
+        IXMLDOMNodePtr made;
+        EXPECT_EQ(attributes->getNamedItem(_bstr_t(Name), &made), S_OK) << utf8;
+        ASSERT_TRUE(made);
+        _bstr_t space(L"not asked");
+        EXPECT_TRUE(SUCCEEDED(made->get_namespaceURI(space.GetAddress())));
+        EXPECT_EQ(WideOf(space), L"") << utf8;
+    }
+}
+
 TEST_F(CreateAttrib, ReadingANameThatIsNoneFindsNothing)
 {
     CXMLFile file = LoadedAt("<r a='1'/>");
@@ -174,6 +191,25 @@ TEST_F(CreateAttrib, ReadingANameThatIsNoneFindsNothing)
         file.CreateAttrib(Writable(name), text);
         EXPECT_EQ(text, L"kept");
     }
+}
+
+TEST_F(CreateAttrib, ReadingAnEmptyOrNullNameFindsNothingOrRaisesThePlatformsError)
+{
+    CXMLFile file = LoadedAt("<r a='1'/>");
+    file.m_bReadMode = true;
+    IXMLDOMNamedNodeMapPtr attributes;
+    ASSERT_EQ(file.m_pCurNode->get_attributes(&attributes), S_OK);
+    wchar_t empty[] = L"";
+    for (wchar_t* const name : {empty, static_cast<wchar_t*>(nullptr)}) {
+        const _bstr_t nameText(SysAllocString(name), false);
+        IXMLDOMNodePtr none;
+        const HRESULT platforms = attributes->getNamedItem(nameText, &none);
+        CString text = L"kept";
+        const auto read = [&] { file.CreateAttrib(name, text); };
+        EXPECT_EQ(ComFailureOf(read), FAILED(platforms) ? platforms : S_OK);
+        EXPECT_EQ(text, L"kept");
+    }
+    ExpectNoMessage();
 }
 
 TEST_F(CreateAttrib, KeepsItsAttributesThroughSavingAndLoading)

@@ -1,5 +1,5 @@
-// Files as they are met with: encodings, names, and targets that cannot be written.
-#include "XmlTest.h"
+// Files as they are met with: names, and targets that cannot be written.
+#include "FilesTest.h"
 #include "kit/LeakGate.h"
 
 #include <memory>
@@ -10,65 +10,6 @@ namespace
 
 using testing::IsEmpty;
 
-// Two bytes, three, and a pair of surrogates.
-const std::wstring Beyond = L"\u00E9\u20AC\U0001F600";
-constexpr char BeyondUtf8[] = "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80";
-
-enum class ByteOrder
-{
-    Little,
-    Big
-};
-
-// With a byte-order mark.
-std::string Utf16(std::wstring_view text, ByteOrder order)
-{
-    std::string bytes;
-    for (const wchar_t unit : L"\uFEFF" + std::wstring(text)) {
-        const char low = static_cast<char>(unit & 0xFF);
-        const char high = static_cast<char>(unit >> 8);
-        bytes += order == ByteOrder::Little ? low : high;
-        bytes += order == ByteOrder::Little ? high : low;
-    }
-    return bytes;
-}
-
-std::string WithoutLineEnds(std::string bytes)
-{
-    std::erase_if(bytes, [](char c) { return c == '\r' || c == '\n'; });
-    return bytes;
-}
-
-class XmlFiles : public XmlTest
-{
-protected:
-    static std::wstring AttributeOf(CXMLFile& file)
-    {
-        wchar_t name[] = L"a";
-        return file.GetAttrib(L"/r", name).GetString();
-    }
-
-    static void SetAttribute(CXMLFile& file, const wchar_t* value)
-    {
-        wchar_t name[] = L"a";
-        CString text = value;
-        file.GetDOMNodePtr(L"/r", file.m_pCurNode);
-        file.CreateAttrib(name, text);
-    }
-
-    // The bytes that Windows and Wine write alike, for a root with this attribute.
-    static std::string Root(std::string_view value) { return "<r a=\"" + std::string(value) + "\"/>"; }
-
-    static void ExpectEmptyDocument(CXMLFile& file)
-    {
-        ASSERT_NE(file.m_pXMLDoc.GetInterfacePtr(), nullptr);
-        VARIANT_BOOL hasChildren = VARIANT_TRUE;
-        file.m_pXMLDoc->hasChildNodes(&hasChildren);
-        EXPECT_EQ(hasChildren, VARIANT_FALSE);
-    }
-};
-
-using FileEncoding = XmlFiles;
 using FileName = XmlFiles;
 
 // A target that may refuse to be written, with a document to write to it.
@@ -156,116 +97,6 @@ private:
 };
 
 } // namespace
-
-TEST_F(FileEncoding, Utf8NeedsNoDeclaration)
-{
-    CXMLFile file = Loaded(Root(BeyondUtf8));
-    EXPECT_EQ(AttributeOf(file), Beyond);
-}
-
-TEST_F(FileEncoding, Utf8MayBeDeclared)
-{
-    CXMLFile file = Loaded("<?xml version=\"1.0\" encoding=\"UTF-8\"?>" + Root(BeyondUtf8));
-    EXPECT_EQ(AttributeOf(file), Beyond);
-    CXMLFile withoutEncoding = Loaded("<?xml version=\"1.0\"?>" + Root(BeyondUtf8));
-    EXPECT_EQ(AttributeOf(withoutEncoding), Beyond);
-}
-
-TEST_F(FileEncoding, Utf8MayHaveAByteOrderMark)
-{
-    CXMLFile file = Loaded("\xEF\xBB\xBF" + Root(BeyondUtf8));
-    EXPECT_EQ(AttributeOf(file), Beyond);
-    CXMLFile declared = Loaded("\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"utf-8\"?>" + Root(BeyondUtf8));
-    EXPECT_EQ(AttributeOf(declared), Beyond);
-}
-
-TEST_F(FileEncoding, Utf16MayHaveEitherByteOrder)
-{
-    const std::wstring root = L"<r a=\"" + Beyond + L"\"/>";
-    for (const ByteOrder order : {ByteOrder::Little, ByteOrder::Big}) {
-        CXMLFile file = Loaded(Utf16(root, order));
-        EXPECT_EQ(AttributeOf(file), Beyond);
-        CXMLFile declared = Loaded(Utf16(L"<?xml version=\"1.0\" encoding=\"UTF-16\"?>" + root, order));
-        EXPECT_EQ(AttributeOf(declared), Beyond);
-    }
-}
-
-TEST_F(FileEncoding, Latin1IsReadByItsDeclaration)
-{
-    CXMLFile file = Loaded("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + Root("\xE9\xFC\xDF\xA3"));
-    EXPECT_EQ(AttributeOf(file), L"\u00E9\u00FC\u00DF\u00A3");
-}
-
-TEST_F(FileEncoding, NamesAndTextMayLieBeyondAscii)
-{
-    wchar_t name[] = L"\u00E9";
-    CXMLFile file = Loaded("<\xC3\xBC><n \xC3\xA9='1'>\xE2\x82\xAC</n></\xC3\xBC>");
-    EXPECT_EQ(file.GetAttrib(L"/\u00FC/n", name), L"1");
-    IXMLDOMNodePtr node;
-    file.GetDOMNodePtr(L"/\u00FC/n", node);
-    ASSERT_NE(node, nullptr);
-    BSTR text = nullptr;
-    node->get_text(&text);
-    EXPECT_STREQ(text, L"\u20AC");
-    SysFreeString(text);
-    EXPECT_THAT(Messages(), IsEmpty());
-}
-
-TEST_F(FileEncoding, Utf8IsSavedAsUtf8)
-{
-    for (const std::string declaration :
-         {"", "<?xml version=\"1.0\"?>", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>"})
-    {
-        CXMLFile file = Loaded(declaration + Root("old"));
-        SetAttribute(file, Beyond.c_str());
-        file.SaveDocument();
-        EXPECT_EQ(WithoutLineEnds(testkit::ReadBytes(m_folder / L"document.xml")),
-                  declaration + Root(BeyondUtf8));
-        EXPECT_TRUE(file.LoadFile());
-        EXPECT_EQ(AttributeOf(file), Beyond);
-    }
-}
-
-TEST_F(FileEncoding, Latin1IsSavedAsDeclaredOrInUtf8UnderTheOldDeclaration)
-{
-    const std::string declaration = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>";
-    CXMLFile file = Loaded(declaration + Root("old"));
-    SetAttribute(file, L"\u00E9");
-    file.SaveDocument();
-    const std::string bytes = WithoutLineEnds(testkit::ReadBytes(m_folder / L"document.xml"));
-    const bool isAsDeclared = bytes.find('\xC3') == std::string::npos;
-    EXPECT_EQ(bytes, declaration + Root(isAsDeclared ? "\xE9" : "\xC3\xA9"));
-    EXPECT_TRUE(file.LoadFile());
-    EXPECT_EQ(AttributeOf(file), isAsDeclared ? L"\u00E9" : L"\u00C3\u00A9");
-    EXPECT_THAT(Messages(), IsEmpty());
-}
-
-TEST_F(FileEncoding, Utf16IsSavedAsDeclaredOrInUtf8ThatDoesNotLoadAgain)
-{
-    const std::wstring declaration = L"<?xml version=\"1.0\" encoding=\"UTF-16\"?>";
-    const std::wstring end = L"\r\n";
-    CXMLFile file = Loaded(Utf16(declaration + L"<r a=\"old\"/>", ByteOrder::Little));
-    SetAttribute(file, Beyond.c_str());
-    file.SaveDocument();
-    const std::string bytes = testkit::ReadBytes(m_folder / L"document.xml");
-    if (bytes.starts_with("\xFF\xFE")) {
-        std::wstring text;
-        for (size_t i = 2; i + 1 < bytes.size(); i += 2)
-            text += static_cast<wchar_t>(static_cast<unsigned char>(bytes[i]) |
-                                         static_cast<unsigned char>(bytes[i + 1]) << 8);
-        std::erase_if(text, [](wchar_t c) { return c == L'\r' || c == L'\n'; });
-        EXPECT_EQ(text, declaration + L"<r a=\"" + Beyond + L"\"/>");
-        EXPECT_TRUE(file.LoadFile());
-        EXPECT_EQ(AttributeOf(file), Beyond);
-    } else {
-        EXPECT_EQ(WithoutLineEnds(bytes), "<?xml version=\"1.0\" encoding=\"UTF-16\"?>" + Root(BeyondUtf8));
-        EXPECT_FALSE(file.LoadFile());
-        ExpectEmptyDocument(file);
-        // The file is as it was, so that a person can still mend its declaration.
-        EXPECT_EQ(testkit::ReadBytes(m_folder / L"document.xml"), bytes);
-    }
-    EXPECT_THAT(Messages(), IsEmpty());
-}
 
 TEST_F(FileName, MayHoldBlanksNumberSignsAndLettersBeyondAscii)
 {

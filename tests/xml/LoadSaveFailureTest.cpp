@@ -1,9 +1,9 @@
 // How loading, saving and the text of the document fail.
+#include "EveryException.h"
+#include "FailingBstrs.h"
 #include "LoadFileTest.h"
-#include "kit/ReplacedImports.h"
 #include "ResourceModules.h"
 
-#include <new>
 #include <utility>
 
 // Not every toolchain has these.
@@ -95,26 +95,16 @@ protected:
     CXMLFile m_file{PathOf(L"target.xml")};
 };
 
-int theAllocationsLeft = 0;
-
-BSTR WINAPI AllocateSome(const OLECHAR* text)
+// Hands out a part of its text and says that it failed.
+class CHalfFailingDocument : public CScriptedDocument
 {
-    return theAllocationsLeft-- > 0 ? SysAllocString(text) : nullptr;
-}
-
-struct BoxArguments
-{
-    int count = 0;
-    UINT type = ~0U;
-    UINT helpContext = ~0U;
+public:
+    STDMETHODIMP get_xml(BSTR* text) override
+    {
+        *text = SysAllocString(L"<half");
+        return E_FAIL;
+    }
 };
-BoxArguments theBox;
-
-int AFXAPI NoteMessageBox(LPCTSTR, UINT type, UINT helpContext)
-{
-    theBox = {theBox.count + 1, type, helpContext};
-    return IDOK;
-}
 
 } // namespace
 
@@ -182,6 +172,23 @@ TEST_F(LoadFileFailure, AfterTheNewDocumentIsTakenLeavesTheNewOne)
     }
 }
 
+TEST_F(LoadFileFailure, AfterTheNewDocumentIsTakenLeavesItWithItsDeclaration)
+{
+    m_document->m_parseError = new CReason(L"");
+    const IXMLDOMParseErrorPtr owner(m_document->m_parseError, false);
+    for (const char* call : {"put_async", "load"}) {
+        SCOPED_TRACE(call);
+        VARIANT_BOOL isLoaded = VARIANT_FALSE;
+        m_document->m_real->loadXML(_bstr_t(L""), &isLoaded); // empty again
+        m_document->ForgetActions();
+        m_document->Fail(call, E_ACCESSDENIED);
+        ExpectFailureWithMessage();
+        CXMLFile left;
+        left.m_pXMLDoc = m_document->m_real;
+        EXPECT_THAT(NamesOfChildren(left), ElementsAre(L"xml"));
+    }
+}
+
 TEST_F(LoadFileFailure, OfWhatForbidsReachingOutsideIsNone)
 {
     // Not every parser knows these settings.
@@ -194,21 +201,8 @@ TEST_F(LoadFileFailure, OfWhatForbidsReachingOutsideIsNone)
 TEST_F(LoadFileFailure, OfAnyKindOfExceptionIsCaught)
 {
     int kind = 0;
-    m_document->At("load", [&kind]() -> std::optional<HRESULT> {
-        switch (kind) {
-        case 0:
-            throw _com_error(E_FAIL);
-        case 1:
-            throw std::bad_alloc();
-        case 2:
-            AfxThrowMemoryException();
-        case 3:
-            AfxThrowNotSupportedException();
-        default:
-            throw kind;
-        }
-    });
-    for (kind = 0; kind < 5; ++kind) {
+    m_document->At("load", [&kind]() -> std::optional<HRESULT> { ThrowOfKind(kind); });
+    for (kind = 0; kind < ExceptionKinds; ++kind) {
         SCOPED_TRACE(kind);
         ExpectFailureWithMessage();
         EXPECT_EQ(ReferencesOf(m_owner), 2U);
@@ -217,13 +211,15 @@ TEST_F(LoadFileFailure, OfAnyKindOfExceptionIsCaught)
 
 TEST_F(LoadFileFailure, OfAnyTextAllocationIsCaught)
 {
-    const CReplacedImport allocation("OLEAUT32.dll", "SysAllocString",
-                                     reinterpret_cast<void*>(&AllocateSome));
-    if (!allocation.IsReplaced())
-        GTEST_SKIP() << "this build imports SysAllocString in another way";
     int failures = 0;
-    for (theAllocationsLeft = 0; !m_file.LoadFile(); theAllocationsLeft = ++failures) {
-        ASSERT_LT(failures, 100);
+    for (;; ++failures) {
+        const CFailingBstrs bstrs(failures);
+        if (!bstrs.AreReplaced())
+            GTEST_SKIP() << "this build imports them in another way";
+        const bool isLoaded = m_file.LoadFile();
+        EXPECT_NE(isLoaded, bstrs.HasFailed()) << failures;
+        if (!bstrs.HasFailed())
+            break;
         m_file.m_pXMLDoc = nullptr;
         EXPECT_EQ(ReferencesOf(m_owner), 1U);
     }
@@ -231,20 +227,6 @@ TEST_F(LoadFileFailure, OfAnyTextAllocationIsCaught)
     EXPECT_GE(failures, 5);
     EXPECT_THAT(Messages(),
                 testing::AllOf(testing::SizeIs(failures), testing::Each(L"XML File Loading Error")));
-}
-
-TEST_F(LoadFileFailure, MessageHasAnOkButtonAndNoHelp)
-{
-    m_supply.m_refusal = E_FAIL;
-    const CReplacedImport box("VelmAfx22.dll", "_Z13AfxMessageBoxPKwjj",
-                              reinterpret_cast<void*>(&NoteMessageBox));
-    if (!box.IsReplaced())
-        GTEST_SKIP() << "this build imports AfxMessageBox in another way";
-    theBox = {};
-    EXPECT_FALSE(m_file.LoadFile());
-    EXPECT_EQ(theBox.count, 1);
-    EXPECT_EQ(theBox.type, static_cast<UINT>(MB_OK));
-    EXPECT_EQ(theBox.helpContext, 0U);
 }
 
 TEST_F(SaveDocumentFailure, ReachesTheCallerWithItsCodeAndShowsNothing)
@@ -295,11 +277,9 @@ TEST_F(SaveDocumentFailure, CarriesNoneWhereTheDocumentLeftNone)
 
 TEST_F(SaveDocumentFailure, OfThePathsAllocationIsOutOfMemory)
 {
-    const CReplacedImport allocation("OLEAUT32.dll", "SysAllocString",
-                                     reinterpret_cast<void*>(&AllocateSome));
-    if (!allocation.IsReplaced())
-        GTEST_SKIP() << "this build imports SysAllocString in another way";
-    theAllocationsLeft = 0;
+    const CFailingBstrs bstrs(0);
+    if (!bstrs.AreReplaced())
+        GTEST_SKIP() << "this build imports them in another way";
     EXPECT_EQ(ComFailureOf([&] { m_file.SaveDocument(); }), E_OUTOFMEMORY);
     EXPECT_THAT(m_document->m_calls, IsEmpty());
 }
@@ -321,5 +301,15 @@ TEST_F(GetXMLFileInStringFailure, IgnoresAFailureAndIsEmptyThen)
     EXPECT_NO_THROW(text = file.GetXMLFileInString());
     EXPECT_EQ(text, L"");
     EXPECT_THAT(document->m_calls, ElementsAre("get_xml()"));
+    EXPECT_THAT(Messages(), IsEmpty());
+}
+
+TEST_F(GetXMLFileInStringFailure, IsEmptyAlsoWhereTextWasHandedOut)
+{
+    CXMLFile file;
+    file.m_pXMLDoc.Attach(new CHalfFailingDocument);
+    CString text = L"before";
+    EXPECT_NO_THROW(text = file.GetXMLFileInString());
+    EXPECT_EQ(text, L"");
     EXPECT_THAT(Messages(), IsEmpty());
 }

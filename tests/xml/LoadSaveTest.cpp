@@ -1,6 +1,6 @@
 // Loading, saving and handing out the document. How they fail is in LoadSaveFailureTest.cpp.
+#include "CreationCalls.h"
 #include "LoadFileTest.h"
-#include "kit/ReplacedImports.h"
 #include "ResourceModules.h"
 
 namespace
@@ -8,26 +8,6 @@ namespace
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-// How the library asks for a document.
-struct CreationCalls
-{
-    std::vector<std::wstring> names;
-    std::vector<DWORD> contexts;
-};
-CreationCalls* theCreationCalls = nullptr;
-
-HRESULT WINAPI NoteName(LPCOLESTR name, LPCLSID id)
-{
-    theCreationCalls->names.emplace_back(name);
-    return CLSIDFromProgID(name, id);
-}
-
-HRESULT WINAPI NoteContext(REFCLSID id, LPUNKNOWN outer, DWORD context, REFIID iid, LPVOID* object)
-{
-    theCreationCalls->contexts.push_back(context);
-    return CoCreateInstance(id, outer, context, iid, object);
-}
 
 using GetXMLDocument = XmlTest;
 using GetXMLFileInString = XmlTest;
@@ -268,7 +248,7 @@ TEST_F(LoadFileSteps, ShowWhatTheEmptyDocumentComplainsOfAndGoOn)
 
 TEST_F(LoadFileSteps, ShowNothingForAnEmptyReason)
 {
-    auto* const reason = new CReason(L"");
+    auto* const reason = new CReason(std::wstring());
     const IXMLDOMParseErrorPtr owner(reason, false);
     m_document->m_parseError = reason;
     for (const HRESULT answer : {S_OK, S_FALSE}) {
@@ -355,18 +335,14 @@ TEST_F(GetXMLFileInString, GivesLongTextsWhole)
 TEST_F(LoadFile, CreatesTheDocumentByItsNameInEveryContext)
 {
     testkit::WriteBytes(m_folder / L"document.xml", "<r/>");
-    const CReplacedImport fromProgId("ole32.dll", "CLSIDFromProgID", reinterpret_cast<void*>(&NoteName));
-    const CReplacedImport create("ole32.dll", "CoCreateInstance", reinterpret_cast<void*>(&NoteContext));
-    if (!fromProgId.IsReplaced() || !create.IsReplaced())
+    const CCreationCalls calls;
+    if (!calls.AreNoted())
         GTEST_SKIP() << "this build imports them in another way";
-    CreationCalls calls;
-    theCreationCalls = &calls;
     CXMLFile file(PathOf(L"document.xml"));
     EXPECT_TRUE(file.LoadFile());
-    theCreationCalls = nullptr;
-    EXPECT_THAT(calls.names, ElementsAre(L"Msxml2.DOMDocument.6.0"));
+    EXPECT_THAT(calls.m_names, ElementsAre(L"Msxml2.DOMDocument.6.0"));
     // In-process server and handler, local and remote server.
-    EXPECT_THAT(calls.contexts, ElementsAre(23U));
+    EXPECT_THAT(calls.m_contexts, ElementsAre(23U));
 }
 
 TEST_F(SetXMLFilePath, SetsThePathAndNothingElse)

@@ -141,12 +141,13 @@ public:
     }
     STDMETHODIMP load(VARIANT source, VARIANT_BOOL* isLoaded) override
     {
-        return Do("load(" + Shown(source) + ")", [&] {
-            const HRESULT result = m_real->load(source, isLoaded);
-            if (m_isLoaded)
-                *isLoaded = *m_isLoaded;
-            return result;
-        });
+        return Do("load(" + Shown(source) + ")",
+                  [&] { return Reported(m_real->load(source, isLoaded), isLoaded); });
+    }
+    STDMETHODIMP loadXML(BSTR text, VARIANT_BOOL* isLoaded) override
+    {
+        return Do("loadXML(" + Shown(text) + ")",
+                  [&] { return Reported(m_real->loadXML(text, isLoaded), isLoaded); });
     }
     STDMETHODIMP save(VARIANT destination) override
     {
@@ -185,6 +186,13 @@ private:
         default:
             return "a variant of type " + std::to_string(value.vt);
         }
+    }
+
+    HRESULT Reported(HRESULT result, VARIANT_BOOL* isLoaded) const
+    {
+        if (m_isLoaded)
+            *isLoaded = *m_isLoaded;
+        return result;
     }
 
     template <class Work>

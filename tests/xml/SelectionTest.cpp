@@ -288,6 +288,25 @@ TEST_F(SelectNode, ANameThatIsNoXPathStepRaisesAndChangesNothing)
     ExpectNoMessage();
 }
 
+TEST_F(SelectNode, ANameThatIsNoXPathStepRaisesThePlatformsErrorFirst)
+{
+    CXMLFile file = LoadedAt(Items);
+    for (const std::wstring name : {L"", L" ", L"Item[", L"1a", L"a b", L"<", L"a&b", L"a:", L"Item]"}) {
+        IXMLDOMNodePtr none;
+        const HRESULT expected = file.m_pCurNode->selectSingleNode(_bstr_t((L"./" + name).c_str()), &none);
+        EXPECT_TRUE(FAILED(expected)) << testkit::Quoted(name);
+        for (const Flags flags : AllFlags) {
+            const auto select = [&] { file.SelectNode(Writable(name), flags.remove, flags.create); };
+            EXPECT_EQ(ComFailureOf(select), expected) << testkit::Quoted(name);
+        }
+    }
+    FailingNodes nodes;
+    file.m_pCurNode = nodes.Before(file.m_pCurNode);
+    nodes.Fail(NodeCall::SelectSingleNode, 1, SomeFailure);
+    EXPECT_EQ(ComFailureOf([&] { file.SelectNode(Writable(L"no name"), true, true); }), SomeFailure);
+    file.m_pCurNode = nullptr;
+}
+
 TEST_F(SelectNode, LeavesTheCallersNameAlone)
 {
     CXMLFile file = LoadedAt("<r><Item/></r>");

@@ -40,7 +40,8 @@ protected:
 };
 
 // The result code of the _com_error that `operation` raises; S_OK if it raises nothing.
-template <class Operation> HRESULT ComFailureOf(Operation operation)
+template <class Operation>
+HRESULT ComFailureOf(Operation operation)
 {
     try {
         operation();

@@ -1,0 +1,16 @@
+# Installs the build, and moves it away: nothing in it may point back.
+cmake_minimum_required(VERSION 3.25)
+file(REMOVE_RECURSE "${WORK}/installed" "${WORK}/moved")
+execute_process(COMMAND "${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${WORK}/installed"
+                OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+file(RENAME "${WORK}/installed" "${WORK}/moved")
+file(GLOB_RECURSE texts "${WORK}/moved/lib/*.cmake" "${WORK}/moved/lib/*.pc")
+foreach(text IN LISTS texts)
+  file(READ "${text}" content)
+  foreach(path IN ITEMS "${WORK}" "${BUILD}" "${SOURCE}")
+    string(FIND "${content}" "${path}" position)
+    if(NOT position EQUAL -1)
+      message(FATAL_ERROR "${text} names ${path}")
+    endif()
+  endforeach()
+endforeach()
