@@ -4,6 +4,8 @@
 // host's user-interface thread. Nothing is kept between calls but the objects the caller makes.
 #pragma once
 
+#include "Version.h"
+
 #include "controls/DlgProgressBar.h"
 #include "controls/XComboList.h"
 #include "controls/XListBox.h"

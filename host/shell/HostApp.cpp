@@ -203,7 +203,7 @@ bool CHostApp::RunWithoutShell()
         return true;
     }
     if (m_options.version) {
-        PrintOutput(std::wstring(kHostName) + L" " + kHostVersion + L"\n");
+        PrintOutput(std::wstring(kHostName) + L" " VELM_VERSION L"\n");
         return true;
     }
     if (!m_options.registerServer && !m_options.unregisterServer)

@@ -1,139 +1,217 @@
 #include "GalleryFrame.h"
 
+#include <algorithm>
+
+#include "CellsPage.h"
+#include "CreditsPage.h"
+#include "ListBoxPage.h"
+#include "ListPage.h"
+#include "ProgressPage.h"
+#include "TreePage.h"
+
+#include "shell/Console.h"
 #include "shell/Screenshot.h"
 
 namespace
 {
 
-constexpr UINT_PTR MoveOnTimer = 1;
-constexpr UINT_PTR PressTimer = 2;
-constexpr UINT_PTR PictureTimer = 3;
-constexpr UINT MoveOnPeriod = 150;
-constexpr UINT PressDelay = 300;
-constexpr UINT PictureDelay = 700;
+constexpr UINT_PTR PictureTimer = 1;
+constexpr UINT PicturePeriod = 100;
+// A posed page is drawn within these steps; one that is not posed after so many never will be.
+constexpr int StepsToDraw = 4;
+constexpr int MostSteps = 100;
 
-constexpr int Margin = 8;
-constexpr int StatusHeight = 18;
-constexpr int EmptyListHeight = 90;
-constexpr int RowWithDropDown = 4;
+constexpr int Margin = 6;
+constexpr int TabPadding = 12;
 
-constexpr UINT TasksId = 101;
-constexpr UINT EmptyId = 102;
-constexpr UINT StatusId = 103;
+constexpr UINT TabsId = 11;
+constexpr UINT StatusId = 12;
+constexpr UINT FirstPageId = 21;
 
 } // namespace
 
 BEGIN_MESSAGE_MAP(CGalleryFrame, CFrameWnd)
 ON_WM_CREATE()
 ON_WM_SIZE()
-ON_WM_TIMER()
+ON_WM_GETMINMAXINFO()
 ON_WM_SETFOCUS()
-ON_REGISTERED_MESSAGE(WM_XLISTCTRL_CHECKBOX_CLICKED, &CGalleryFrame::OnCheckboxClicked)
-ON_REGISTERED_MESSAGE(WM_XLISTCTRL_COMBO_SELECTION, &CGalleryFrame::OnComboSelection)
+ON_WM_TIMER()
+ON_NOTIFY(TCN_SELCHANGE, TabsId, &CGalleryFrame::OnTabChanged)
 END_MESSAGE_MAP()
 
-CGalleryFrame::CGalleryFrame(std::wstring pictureFile) : m_pictureFile(std::move(pictureFile)) {}
+CGalleryFrame::CGalleryFrame(GalleryOptions options) : m_options(std::move(options)) {}
+
+bool CGalleryFrame::MakeFonts()
+{
+    NONCLIENTMETRICS metrics = {};
+    metrics.cbSize = sizeof(metrics);
+    if (!::SystemParametersInfo(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0))
+        return false;
+    LOGFONT font = metrics.lfMessageFont;
+    if (!m_fonts.plain.CreateFontIndirect(&font))
+        return false;
+    font.lfWeight = FW_BOLD;
+    return m_fonts.bold.CreateFontIndirect(&font) != FALSE;
+}
+
+bool CGalleryFrame::MakePages()
+{
+    m_pages.push_back(std::make_unique<CListPage>());
+    m_pages.push_back(std::make_unique<CCellsPage>());
+    m_pages.push_back(std::make_unique<CTreePage>());
+    m_pages.push_back(std::make_unique<CListBoxPage>());
+    m_pages.push_back(std::make_unique<CProgressPage>());
+    m_pages.push_back(std::make_unique<CCreditsPage>());
+    UINT id = FirstPageId;
+    for (const auto& page : m_pages) {
+        if (!page->CreateOn(this, id++, m_fonts,
+                            [this](const CString& text) { m_status.SetText(text, 0, 0); }))
+            return false;
+        TCITEM item = {};
+        item.mask = TCIF_TEXT;
+        item.pszText = const_cast<wchar_t*>(page->Title());
+        TabCtrl_InsertItem(m_tabs.m_hWnd, TabCtrl_GetItemCount(m_tabs.m_hWnd), &item);
+    }
+    return true;
+}
 
 int CGalleryFrame::OnCreate(LPCREATESTRUCT createStruct)
 {
-    if (CFrameWnd::OnCreate(createStruct) == -1)
-        return -1;
     const CRect none(0, 0, 0, 0);
-    const DWORD listStyle = WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | LVS_REPORT | LVS_SHOWSELALWAYS;
-    if (!m_tasks.Create(listStyle, none, this, TasksId) || !m_empty.Create(listStyle, none, this, EmptyId) ||
-        !m_status.Create(L"", WS_CHILD | WS_VISIBLE | SS_NOPREFIX, none, this, StatusId))
+    const DWORD tabsStyle = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP;
+    if (CFrameWnd::OnCreate(createStruct) == -1 || !MakeFonts() ||
+        !m_tabs.Create(WC_TABCONTROL, L"", tabsStyle, none, this, TabsId) ||
+        !m_status.Create(WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, none, this, StatusId))
         return -1;
-    const auto font = static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT));
-    for (CWnd* const control :
-         {static_cast<CWnd*>(&m_tasks), static_cast<CWnd*>(&m_empty), static_cast<CWnd*>(&m_status)})
-        control->SetFont(CFont::FromHandle(font));
-    m_tasks.Fill();
-    m_empty.InsertColumn(0, L"Archive", LVCFMT_LEFT, 300);
-    m_empty.SetDefaultTextMessage(L"Nothing has been archived yet.");
-    Tell(L"Click a check box, open a priority, or rest the mouse on a task.");
-    if (m_pictureFile.empty())
-        SetTimer(MoveOnTimer, MoveOnPeriod, nullptr);
-    else
-        SetTimer(PressTimer, PressDelay, nullptr);
+    m_tabs.SetFont(&m_fonts.plain);
+    TabCtrl_SetPadding(m_tabs.m_hWnd, TabPadding, TabPadding / 3);
+    if (!MakePages())
+        return -1;
+
+    const auto wanted = std::find_if(m_pages.begin(), m_pages.end(), [this](const auto& page) {
+        return m_options.pictureFile.empty() ? m_options.page == page->Name()
+                                             : page->HasPicture(m_options.page);
+    });
+    if (wanted == m_pages.end()) {
+        velmhost::PrintError(L"gallery: there is no page " + m_options.page + L"\n");
+        return -1;
+    }
+    if (m_options.IsPictureWanted()) {
+        const CSize size = (*wanted)->PictureSize();
+        SetWindowPos(nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        SetTimer(PictureTimer, PicturePeriod, nullptr);
+    }
+    ShowPage(static_cast<std::size_t>(wanted - m_pages.begin()));
     return 0;
+}
+
+void CGalleryFrame::ShowPage(std::size_t page)
+{
+    CGalleryPage& before = Page();
+    m_page = page;
+    TabCtrl_SetCurSel(m_tabs.m_hWnd, static_cast<int>(page));
+    Page().SetWindowPos(&wndTop, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    if (&before != &Page() && before.IsWindowVisible()) {
+        before.ShowWindow(SW_HIDE);
+        before.OnHidden();
+    }
+    if (!m_options.IsPictureWanted())
+        Page().OnShown();
+    m_status.SetText(Page().Hint(), 0, 0);
+}
+
+void CGalleryFrame::OnTabChanged(NMHDR*, LRESULT* result)
+{
+    ShowPage(static_cast<std::size_t>(TabCtrl_GetCurSel(m_tabs.m_hWnd)));
+    *result = 0;
 }
 
 void CGalleryFrame::OnSize(UINT type, int width, int height)
 {
     CFrameWnd::OnSize(type, width, height);
-    if (m_tasks.GetSafeHwnd() == nullptr)
+    if (m_status.GetSafeHwnd() == nullptr || type == SIZE_MINIMIZED)
         return;
-    const int inner = width - 2 * Margin;
-    const int status = height - Margin - StatusHeight;
-    const int empty = status - Margin - EmptyListHeight;
-    m_tasks.MoveWindow(Margin, Margin, inner, empty - 2 * Margin);
-    m_empty.MoveWindow(Margin, empty, inner, EmptyListHeight);
-    m_status.MoveWindow(Margin, status, inner, StatusHeight);
+    m_status.SendMessage(WM_SIZE);
+    CRect status;
+    m_status.GetWindowRect(&status);
+    CRect tabs(Margin, Margin, width - Margin, height - status.Height() - Margin);
+    m_tabs.MoveWindow(&tabs);
+    TabCtrl_AdjustRect(m_tabs.m_hWnd, FALSE, &tabs);
+    for (const auto& page : m_pages)
+        page->MoveWindow(&tabs);
+}
+
+void CGalleryFrame::OnGetMinMaxInfo(MINMAXINFO* info)
+{
+    if (m_pages.empty() || m_options.IsPictureWanted())
+        return;
+    CRect window;
+    CRect page;
+    GetWindowRect(&window);
+    Page().GetWindowRect(&page);
+    for (const auto& each : m_pages) {
+        const CSize least = each->LeastSize() + window.Size() - page.Size();
+        info->ptMinTrackSize.x = std::max(info->ptMinTrackSize.x, least.cx);
+        info->ptMinTrackSize.y = std::max(info->ptMinTrackSize.y, least.cy);
+    }
 }
 
 void CGalleryFrame::OnSetFocus(CWnd*)
 {
-    m_tasks.SetFocus();
+    if (!m_pages.empty())
+        Page().FirstControl().SetFocus();
+}
+
+BOOL CGalleryFrame::PreTranslateMessage(MSG* message)
+{
+    if (CFrameWnd::PreTranslateMessage(message))
+        return TRUE;
+    if (message->message < WM_KEYFIRST || message->message > WM_KEYLAST)
+        return FALSE;
+    const bool isControlDown = ::GetKeyState(VK_CONTROL) < 0;
+    if (message->message == WM_KEYDOWN && message->wParam == VK_TAB && isControlDown) {
+        const std::size_t step = ::GetKeyState(VK_SHIFT) < 0 ? m_pages.size() - 1 : 1;
+        ShowPage((m_page + step) % m_pages.size());
+        Page().FirstControl().SetFocus();
+        return TRUE;
+    }
+    return IsDialogMessage(message);
 }
 
 void CGalleryFrame::OnTimer(UINT_PTR timer)
 {
-    switch (timer) {
-    case MoveOnTimer:
-        m_tasks.MoveOn();
-        break;
-    case PressTimer:
-        KillTimer(PressTimer);
-        PressDropDown();
-        SetTimer(PictureTimer, PictureDelay, nullptr);
-        break;
-    case PictureTimer:
+    if (timer == PictureTimer)
+        StepToPicture();
+}
+
+void CGalleryFrame::StepToPicture()
+{
+    ++m_steps;
+    std::wstring reason;
+    if (!m_options.framesFolder.empty()) {
         KillTimer(PictureTimer);
-        SavePicture();
-        DestroyWindow();
-        break;
+        auto& credits = static_cast<CCreditsPage&>(Page());
+        EndPicture(credits.SaveFrames(m_options.framesFolder, m_options.frameCount, reason), reason);
+        return;
+    }
+    if (m_steps == StepsToDraw)
+        Page().Pose(m_options.page);
+    if (m_steps < StepsToDraw)
+        return;
+    m_stepsPosed = Page().IsPosed() ? m_stepsPosed + 1 : 0;
+    if (m_stepsPosed > StepsToDraw) {
+        const bool isSaved = velmhost::SaveScreenArea(Page().PictureArea(), m_options.pictureFile, reason);
+        EndPicture(isSaved, reason);
+    } else if (m_steps > MostSteps) {
+        EndPicture(false, L"The page does not come to show what its picture is to show.");
     }
 }
 
-LRESULT CGalleryFrame::OnCheckboxClicked(WPARAM row, LPARAM column)
+void CGalleryFrame::EndPicture(bool isSaved, const std::wstring& reason)
 {
-    const int task = static_cast<int>(row);
-    const bool isDone = m_tasks.GetCheckbox(task, static_cast<int>(column)) == 1;
-    m_tasks.SetItemText(task, static_cast<int>(column), isDone ? L"done" : L"open");
-    Tell(m_tasks.GetComboText(task, CTaskList::TaskColumn) + (isDone ? L" is done." : L" is open again."));
-    return 0;
-}
-
-LRESULT CGalleryFrame::OnComboSelection(WPARAM row, LPARAM column)
-{
-    const int task = static_cast<int>(row);
-    Tell(m_tasks.GetComboText(task, CTaskList::TaskColumn) + L" has priority " +
-         m_tasks.GetComboText(task, static_cast<int>(column)) + L" now.");
-    return 0;
-}
-
-void CGalleryFrame::Tell(const CString& text)
-{
-    m_status.SetWindowText(text);
-}
-
-void CGalleryFrame::PressDropDown()
-{
-    CRect cell;
-    m_tasks.GetSubItemRect(RowWithDropDown, CTaskList::PriorityColumn, LVIR_BOUNDS, cell);
-    const LPARAM point = MAKELPARAM(cell.right - cell.Height() / 2, cell.CenterPoint().y);
-    m_tasks.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, point);
-    // The list opens with the drawing of the pressed button.
-    m_tasks.UpdateWindow();
-    m_tasks.SendMessage(WM_LBUTTONUP, 0, point);
-}
-
-void CGalleryFrame::SavePicture()
-{
-    CRect area;
-    GetWindowRect(&area);
-    std::wstring reason;
-    m_hasFailed = !velmhost::SaveScreenArea(area, m_pictureFile, reason);
-    if (m_hasFailed)
-        ::OutputDebugStringW(reason.c_str());
+    if (!isSaved) {
+        s_exitCode = 1;
+        velmhost::PrintError(L"gallery: " + reason + L"\n");
+    }
+    DestroyWindow();
 }

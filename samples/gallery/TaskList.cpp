@@ -1,5 +1,7 @@
 #include "TaskList.h"
 
+#include <algorithm>
+
 #include "Pictures.h"
 
 namespace
@@ -9,6 +11,7 @@ constexpr COLORREF Own = 0xFFFFFFFF;
 constexpr int NoBar = -1;
 constexpr int NoBox = -1;
 constexpr int ComboRows = 6;
+constexpr int LeastNoteWidth = 190;
 
 constexpr COLORREF OwnerText = RGB(0, 70, 140);
 constexpr COLORREF OwnerBackground = RGB(228, 240, 252);
@@ -23,9 +26,9 @@ void CTaskList::MakeColumns()
     InsertColumn(DoneColumn, L"Done", LVCFMT_LEFT, 90);
     InsertColumn(PriorityColumn, L"Priority", LVCFMT_LEFT, 110);
     InsertColumn(ProgressColumn, L"Progress", LVCFMT_LEFT, 150);
-    InsertColumn(OwnerColumn, L"Owner", LVCFMT_CENTER, 100);
     InsertColumn(HoursColumn, L"Hours", LVCFMT_RIGHT, 70);
-    InsertColumn(NoteColumn, L"Note", LVCFMT_LEFT, 190);
+    InsertColumn(OwnerColumn, L"Owner", LVCFMT_CENTER, 100);
+    InsertColumn(NoteColumn, L"Note", LVCFMT_LEFT, LeastNoteWidth);
 }
 
 void CTaskList::AddTask(int picture, const wchar_t* name, int doneState, const wchar_t* priority, int percent,
@@ -45,6 +48,8 @@ void CTaskList::AddTask(int picture, const wchar_t* name, int doneState, const w
     if (percent != NoBar) {
         SetProgress(row, ProgressColumn, TRUE, progressText);
         UpdateProgress(row, ProgressColumn, percent);
+        // The caller's data of a row: how far its task is.
+        SetItemData(row, static_cast<DWORD>(percent));
     }
     SetItemText(row, OwnerColumn, owner, OwnerText, OwnerBackground);
     SetItemText(row, HoursColumn, hours);
@@ -90,12 +95,32 @@ void CTaskList::Fill()
     SetEnabled(9, FALSE);
 }
 
+void CTaskList::FitLastColumn()
+{
+    CRect client;
+    GetClientRect(&client);
+    int others = 0;
+    for (int column = 0; column < NoteColumn; ++column)
+        others += GetColumnWidth(column);
+    SetColumnWidth(NoteColumn, std::max(static_cast<int>(client.Width()) - others, LeastNoteWidth));
+}
+
 void CTaskList::MoveOn()
 {
     for (const int row : {2, 3, 4, 7, 8}) {
-        // The caller's data of a row: how far its task is.
         const DWORD percent = (GetItemData(row) + static_cast<DWORD>(row)) % 101;
         SetItemData(row, percent);
         UpdateProgress(row, ProgressColumn, static_cast<int>(percent));
     }
+}
+
+void PressDropDown(CXListCtrl& list, int row, int column)
+{
+    CRect cell;
+    list.GetSubItemRect(row, column, LVIR_BOUNDS, cell);
+    const LPARAM point = MAKELPARAM(cell.right - cell.Height() / 2, cell.CenterPoint().y);
+    list.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, point);
+    // The list opens with the drawing of the pressed button.
+    list.UpdateWindow();
+    list.SendMessage(WM_LBUTTONUP, 0, point);
 }

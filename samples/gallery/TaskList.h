@@ -12,13 +12,16 @@ public:
         DoneColumn,
         PriorityColumn,
         ProgressColumn,
-        OwnerColumn,
         HoursColumn,
+        OwnerColumn,
         NoteColumn
     };
 
     // Fills the list, whose window must have been made.
     void Fill();
+
+    // Lets the last column take what room the others leave.
+    void FitLastColumn();
 
     // Moves the bars of the tasks that run a little on.
     void MoveOn();
@@ -33,3 +36,6 @@ private:
     CImageList m_headerPictures;
     CStringArray m_priorities;
 };
+
+// Opens the drop-down of a cell as a click on its button does.
+void PressDropDown(CXListCtrl& list, int row, int column);

@@ -15,7 +15,8 @@
 class VELM_API CDlgProgressBar : public CDialog
 {
 public:
-    explicit CDlgProgressBar(CWnd* pParent = nullptr);
+    // Makes the object; the dialog comes with CreateNonModal. `pParent` may be null.
+    CDlgProgressBar(CWnd* pParent = nullptr);
     virtual ~CDlgProgressBar();
 
     // Makes the dialog, centred and not visible yet, with an empty line of text. FALSE on failure. Rests on
@@ -39,6 +40,7 @@ public:
     CString m_strStatus;
 
 protected:
+    // Attaches the bar and puts m_strStatus into the line of text.
     virtual void DoDataExchange(CDataExchange* pDX);
 
     DECLARE_MESSAGE_MAP()

@@ -84,8 +84,10 @@ void CXComboList::SetActive(long scrollBarWidth)
 {
     if (!HasList())
         return;
+    const HWND window = m_hWnd;
     m_ListBox.SetFocus();
-    if (!m_bFirstActivation)
+    // Whoever had the focus may have ended the window, and this object with it.
+    if (!::IsWindow(window) || !m_bFirstActivation)
         return;
     m_bFirstActivation = FALSE;
     LayOut(scrollBarWidth);

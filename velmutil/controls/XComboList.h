@@ -9,8 +9,9 @@
 // WPARAM and LPARAM are 0, the result is not looked at.
 extern VELM_API UINT WM_XCOMBOLIST_VK_RETURN; // Enter was pressed
 extern VELM_API UINT WM_XCOMBOLIST_VK_ESCAPE; // Escape was pressed, or the focus went for good
-extern VELM_API UINT WM_XCOMBOLIST_KEYDOWN;   // a key moved the selection or is about to
-extern VELM_API UINT WM_XCOMBOLIST_LBUTTONUP; // the left button was released over the list
+extern VELM_API UINT WM_XCOMBOLIST_KEYDOWN;   // a key is about to move the selection
+extern VELM_API UINT WM_XCOMBOLIST_LBUTTONUP; // the left button was released over the list, or pressed on the
+                                              // window itself
 
 // A window with a list box and a scroll bar of its own beside it. The selection follows the mouse; keys and
 // clicks are told to the opener, which reads the selection and decides what becomes of it. The opener
@@ -43,16 +44,20 @@ public:
     virtual CScrollBar* GetScrollBarCtrl(INT_PTR bar);
 
     // Gives the list box the focus. The first call lays the window out as well, for a scroll bar of that
-    // width in pixels: as high as its whole entries need, 15 of them at most, and 4 pixels more; and makes
-    // the selection follow the mouse from then on, by a timer of 80 ms.
+    // width in pixels: as high as the whole entries that fit into the window's rectangle, 15 at most, and 4
+    // pixels more, however many entries there are; and makes the selection follow the mouse from then on, by
+    // a timer of 80 ms.
     void SetActive(long scrollBarWidth);
 
+    // Tells the opener of keys and of the mouse button; the list box gets them all the same.
     virtual BOOL PreTranslateMessage(MSG* message);
 
 protected:
     // Sends a message to the opener, if it has a window.
     void SendRegisteredMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
+    // Tell the opener of a press on the window itself and of the focus that goes, make and lay out the two
+    // children, scroll the list, end the timer, let the selection follow the mouse.
     afx_msg void OnLButtonDown(UINT flags, CPoint point);
     afx_msg void OnKillFocus(CWnd* newWindow);
     afx_msg int OnCreate(LPCREATESTRUCT createStruct);
@@ -62,11 +67,11 @@ protected:
 
     DECLARE_MESSAGE_MAP()
 
-    CListBox m_ListBox;
-    CScrollBar m_wndSBVert;
-    CWnd* m_pParent;
-    __int64 m_nKillFocusCount;
-    BOOL m_bFirstActivation;
+    CListBox m_ListBox;        // fills the window but for the bar
+    CScrollBar m_wndSBVert;    // stands at its right
+    CWnd* m_pParent;           // the opener; may be null
+    __int64 m_nKillFocusCount; // the first two losses of the focus come of opening
+    BOOL m_bFirstActivation;   // TRUE until SetActive has laid the window out
 
 private:
     bool HasList() const { return ::IsWindow(m_ListBox.GetSafeHwnd()) != FALSE; }

@@ -27,6 +27,7 @@ void CXListBox::PreSubclassWindow()
 UINT CXListBox::ItemFromPoint2(CPoint pt, BOOL& bOutside) const
 {
     bOutside = TRUE;
+    // No further than the last item: there is no rectangle of one behind it.
     const int count = GetCount();
     for (int item = GetTopIndex(); item < count; ++item) {
         CRect rect;
@@ -56,6 +57,7 @@ INT_PTR CXListBox::OnToolHitTest(CPoint point, TOOLINFO* pTI) const
 
 BOOL CXListBox::OnToolTipText(UINT, NMHDR* pNMHDR, LRESULT* pResult)
 {
+    // The tip may have waited while items went.
     CString text;
     const auto item = static_cast<INT_PTR>(pNMHDR->idFrom);
     if (0 <= item && item < GetCount())

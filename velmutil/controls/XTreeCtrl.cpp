@@ -1,5 +1,7 @@
 #include "controls/XTreeCtrl.h"
 
+#include <vector>
+
 #include "frame/TipText.h"
 
 namespace
@@ -13,6 +15,65 @@ bool IsWindowTool(const NMHDR* notification)
                            : reinterpret_cast<const TOOLTIPTEXTW*>(notification)->uFlags;
     return (flags & TTF_IDISHWND) != 0;
 }
+
+// The objects on some items, noted before the first is deleted: destructors may change the tree.
+class OwnedData
+{
+public:
+    explicit OwnedData(CTreeCtrl& tree) : m_tree(tree) {}
+
+    void AddOf(HTREEITEM item)
+    {
+        const DWORD_PTR value = m_tree.GetItemData(item);
+        if (value != 0)
+            m_entries.push_back({item, value});
+    }
+
+    // Without recursion: a tree may be deeper than the stack.
+    void AddOfBranch(HTREEITEM item)
+    {
+        HTREEITEM current = FirstChild(item);
+        while (current != nullptr) {
+            AddOf(current);
+            HTREEITEM next = FirstChild(current);
+            while (next == nullptr && current != nullptr && current != item) {
+                next = m_tree.GetNextItem(current, TVGN_NEXT);
+                if (next == nullptr)
+                    current = m_tree.GetNextItem(current, TVGN_PARENT);
+            }
+            current = next;
+        }
+    }
+
+    void Delete()
+    {
+        const UINT count = m_tree.GetCount();
+        for (const Entry& entry : m_entries)
+            m_tree.SetItemData(entry.item, 0);
+        for (const Entry& entry : m_entries)
+            delete reinterpret_cast<ItemDataABSTRACT*>(entry.value);
+        // Where items went, nothing tells which.
+        if (m_tree.GetCount() != count)
+            return;
+        for (const Entry& entry : m_entries)
+            m_tree.SetItemData(entry.item, entry.value);
+    }
+
+private:
+    struct Entry
+    {
+        HTREEITEM item;
+        DWORD_PTR value;
+    };
+
+    HTREEITEM FirstChild(HTREEITEM item) const
+    {
+        return m_tree.ItemHasChildren(item) ? m_tree.GetNextItem(item, TVGN_CHILD) : nullptr;
+    }
+
+    CTreeCtrl& m_tree;
+    std::vector<Entry> m_entries;
+};
 
 } // namespace
 
@@ -53,35 +114,23 @@ void CXTreeCtrl::OnDestroy()
     CTreeCtrl::OnDestroy();
 }
 
-void CXTreeCtrl::DeleteDataOf(HTREEITEM item)
-{
-    delete reinterpret_cast<ItemDataABSTRACT*>(GetItemData(item));
-}
-
 void CXTreeCtrl::CleanItemData()
 {
+    OwnedData data(*this);
     for (HTREEITEM item = GetNextItem(nullptr, TVGN_FIRSTVISIBLE); item != nullptr;
          item = GetNextItem(item, TVGN_NEXT))
     {
-        DeleteDataOf(item);
-        DeleteBranchData(item);
+        data.AddOf(item);
+        data.AddOfBranch(item);
     }
+    data.Delete();
 }
 
-// Without recursion: a tree may be deeper than the stack.
 void CXTreeCtrl::DeleteBranchData(HTREEITEM item)
 {
-    HTREEITEM current = ItemHasChildren(item) ? GetNextItem(item, TVGN_CHILD) : nullptr;
-    while (current != nullptr) {
-        DeleteDataOf(current);
-        HTREEITEM next = ItemHasChildren(current) ? GetNextItem(current, TVGN_CHILD) : nullptr;
-        while (next == nullptr && current != nullptr && current != item) {
-            next = GetNextItem(current, TVGN_NEXT);
-            if (next == nullptr)
-                current = GetNextItem(current, TVGN_PARENT);
-        }
-        current = next;
-    }
+    OwnedData data(*this);
+    data.AddOfBranch(item);
+    data.Delete();
 }
 
 INT_PTR CXTreeCtrl::OnToolHitTest(CPoint point, TOOLINFO* pTI) const
@@ -103,9 +152,14 @@ BOOL CXTreeCtrl::OnToolTipText(UINT, NMHDR* pNMHDR, LRESULT* pResult)
 {
     if (pNMHDR->idFrom == reinterpret_cast<UINT_PTR>(m_hWnd) && IsWindowTool(pNMHDR))
         return FALSE;
-    const auto item = reinterpret_cast<HTREEITEM>(pNMHDR->idFrom);
-    const auto data = reinterpret_cast<const ItemDataABSTRACT*>(GetItemData(item));
-    PutTipText(pNMHDR, data != nullptr ? L" " + data->GetTipText() : GetItemText(item));
+    if (pNMHDR->code == TTN_NEEDTEXTW || pNMHDR->code == TTN_NEEDTEXTA) {
+        const auto item = reinterpret_cast<HTREEITEM>(pNMHDR->idFrom);
+        TVITEM info = {};
+        info.mask = TVIF_HANDLE | TVIF_PARAM;
+        info.hItem = item;
+        const auto data = GetItem(&info) ? reinterpret_cast<const ItemDataABSTRACT*>(info.lParam) : nullptr;
+        PutTipText(pNMHDR, data != nullptr ? L" " + data->GetTipText() : GetItemText(item));
+    }
     *pResult = 0;
     return TRUE;
 }

@@ -85,12 +85,16 @@ BOOL CMatrixCredits::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, U
 {
     static const CString windowClass = AfxRegisterWndClass(CS_HREDRAW | CS_VREDRAW);
     Release();
+    ForgetPage();
     const BOOL isCreated =
         CreateEx(WS_EX_CLIENTEDGE, windowClass, nullptr, dwStyle, rect, pParentWnd, nID, nullptr);
     CRect client(0, 0, 0, 0);
     if (isCreated)
         GetClientRect(&client);
-    MakeSurfaces(client.Size());
+    CClientDC dc(this);
+    MakeComposite(dc, client.Size());
+    MeasureCells();
+    MakeBackground(dc, client.Size());
     MakeModel(client.Size());
     if (isCreated) {
         SetTimer(PageTimer, static_cast<UINT>(m_nStartDelay) * MillisecondsPerSecond, nullptr);
@@ -100,12 +104,29 @@ BOOL CMatrixCredits::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, U
     return isCreated;
 }
 
-void CMatrixCredits::MakeModel(CSize size)
+// As if no page had begun.
+void CMatrixCredits::ForgetPage()
+{
+    m_nFirstLine = 0;
+    m_nLastLine = m_arrLines.GetSize();
+    m_nCurLine = -1;
+    m_arrLinePos.RemoveAll();
+    m_lineWidths.RemoveAll();
+    m_strCurText.Empty();
+    m_arrPhase.RemoveAll();
+    m_nCursorCol = m_nCursorRow = 0;
+}
+
+void CMatrixCredits::MeasureCells()
 {
     TEXTMETRIC metrics = {};
     m_dcComposite.GetTextMetrics(&metrics);
     m_nCellWidth = metrics.tmAveCharWidth + 2;
     m_nCellHeight = std::max<int>(metrics.tmHeight, 1);
+}
+
+void CMatrixCredits::MakeModel(CSize size)
+{
     m_nColumns = size.cx / m_nCellWidth + 1;
     m_nRows = size.cy / m_nCellHeight + 1;
     m_pColumns = new MatrixColumn[static_cast<size_t>(m_nColumns)];
@@ -187,10 +208,12 @@ void CMatrixCredits::InitText()
     const __int64 lines = m_nLastLine - m_nFirstLine + 1;
     const int topRow = static_cast<int>((m_nRows - lines - 1) / 2);
     m_arrLinePos.RemoveAll();
+    m_lineWidths.RemoveAll();
     for (__int64 j = 0; j < lines; ++j) {
         const int width = m_dcComposite.GetTextExtent(m_arrLines[m_nFirstLine + j]).cx;
         CPoint position((client.Width() - width) / 2 / m_nCellWidth, topRow + static_cast<int>(j));
         m_arrLinePos.Add(position);
+        m_lineWidths.Add(width);
     }
     m_strCurText.Empty();
     m_arrPhase.RemoveAll();

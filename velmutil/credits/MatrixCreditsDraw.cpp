@@ -35,23 +35,25 @@ void SelectBack(CDC& dc, HGDIOBJ& oldHandle)
 
 } // namespace
 
-void CMatrixCredits::MakeSurfaces(CSize size)
+void CMatrixCredits::MakeComposite(CDC& client, CSize size)
 {
     m_font.CreateFont(14, 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE, ANSI_CHARSET, OUT_DEFAULT_PRECIS,
                       CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH | FF_SWISS, L"Courier");
-    CClientDC client(this);
     m_dcComposite.CreateCompatibleDC(&client);
     m_bmpComposite.CreateCompatibleBitmap(&client, size.cx, size.cy);
     SelectKeeping(m_dcComposite, m_bmpComposite, m_pOldBmpComposite, m_oldBmpComposite);
     SelectKeeping(m_dcComposite, m_font, m_pOldFontComposite, m_oldFontComposite);
+}
+
+void CMatrixCredits::MakeBackground(CDC& client, CSize size)
+{
     m_dcBackground.CreateCompatibleDC(&client);
     m_bmpBackground.CreateCompatibleBitmap(&client, size.cx, size.cy);
     SelectKeeping(m_dcBackground, m_bmpBackground, m_pOldBmpBackground, m_oldBmpBackground);
     SelectKeeping(m_dcBackground, m_font, m_pOldFontBackground, m_oldFontBackground);
-    // Text is opaque. Not every version of MFC leaves the colour of a fill behind.
-    m_dcComposite.SetBkColor(Black);
-    m_dcBackground.SetBkColor(Black);
     m_dcBackground.FillSolidRect(0, 0, size.cx, size.cy, Black);
+    // What fades relies on it. Not every version of MFC leaves the colour of a fill behind.
+    m_dcBackground.SetBkColor(Black);
 }
 
 void CMatrixCredits::Release()
@@ -77,9 +79,13 @@ void CMatrixCredits::Release()
 void CMatrixCredits::DrawActiveString(CDC& dc, int row, int col, const wchar_t* text, int count,
                                       COLORREF color)
 {
-    if (count <= 0)
-        return;
-    const int width = dc.GetTextExtent(text, count).cx;
+    if (count > 0)
+        DrawMeasured(dc, row, col, text, count, dc.GetTextExtent(text, count).cx, color);
+}
+
+void CMatrixCredits::DrawMeasured(CDC& dc, int row, int col, const wchar_t* text, int count, int width,
+                                  COLORREF color)
+{
     CRect cells(m_nCellWidth * col, m_nCellHeight * row, m_nCellWidth * (col + count),
                 m_nCellHeight * (row + 1));
     if (count > 1)
@@ -88,10 +94,12 @@ void CMatrixCredits::DrawActiveString(CDC& dc, int row, int col, const wchar_t* 
         dc.FillSolidRect(&cells, color);
         return;
     }
-    dc.FillSolidRect(&cells, Black);
+    dc.SetBkColor(Black);
     dc.SetTextColor(color);
     const int offset = count == 1 ? (m_nCellWidth - width) / 2 : 0;
-    dc.TextOut(cells.left + offset, cells.top, text, count);
+    // One call fills the cells and draws the text.
+    dc.ExtTextOut(cells.left + offset, cells.top, ETO_OPAQUE, &cells, text, static_cast<UINT>(count),
+                  nullptr);
 }
 
 void CMatrixCredits::DrawActiveBackgroundChar(int column)
@@ -123,14 +131,19 @@ void CMatrixCredits::DrawSpin()
 
 void CMatrixCredits::DrawTextW()
 {
-    const auto draw = [this](__int64 line, const CString& text) {
+    for (__int64 line = m_nFirstLine; line < m_nCurLine; ++line) {
         const CPoint& position = PositionOf(line);
-        DrawActiveString(m_dcComposite, position.y, position.x, text, text.GetLength(), LightGreen);
-    };
-    for (__int64 line = m_nFirstLine; line < m_nCurLine; ++line)
-        draw(line, m_arrLines[line]);
-    if (m_nCurLine >= 0)
-        draw(m_nCurLine, m_strCurText);
+        const CString& text = m_arrLines[line];
+        if (!text.IsEmpty()) {
+            DrawMeasured(m_dcComposite, position.y, position.x, text, text.GetLength(),
+                         m_lineWidths[line - m_nFirstLine], LightGreen);
+        }
+    }
+    if (m_nCurLine >= 0) {
+        const CPoint& position = PositionOf(m_nCurLine);
+        DrawActiveString(m_dcComposite, position.y, position.x, m_strCurText, m_strCurText.GetLength(),
+                         LightGreen);
+    }
 }
 
 void CMatrixCredits::DrawCursor()

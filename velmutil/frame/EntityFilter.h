@@ -15,6 +15,7 @@ public:
     // Every flag true but the second, the value 0, the list empty.
     CEntityFilter();
 
+    // Flags of the add-ins that use the record.
     bool m_bFlag1;
     bool m_bFlag2;
     bool m_bFlag3;
@@ -22,6 +23,8 @@ public:
     bool m_bFlag5;
     bool m_bFlag6;
     bool m_bFlag7;
+
+    // A number and a list of texts of theirs.
     __int64 m_nValue;
     CStringArray m_arrList;
 

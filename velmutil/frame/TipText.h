@@ -4,7 +4,7 @@
 #include <afxwin.h>
 #include <afxcmn.h>
 
-// Copies a text into the fixed buffer of a TTN_NEEDTEXTW or TTN_NEEDTEXTA notification, which has room for 79
-// characters and the final zero; what is longer is cut. For the latter it is converted to the thread's code
-// page. Rests on lstrcpynW and WideCharToMultiByte.
+// Copies a text into the fixed buffer of a tip's notification, which has room for 79 characters and the final
+// zero; what is longer is cut. For TTN_NEEDTEXTA it is converted to the thread's code page; with any other
+// code the notification must have the wide form of TTN_NEEDTEXTW. Rests on lstrcpynW and WideCharToMultiByte.
 void PutTipText(NMHDR* notification, const CString& text);

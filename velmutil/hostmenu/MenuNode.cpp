@@ -1,7 +1,7 @@
 #include "hostmenu/MenuNode.h"
 
 #include "hostmenu/CompanionOperations.h"
-#include "hostmenu/EntryAttributes.h"
+#include "hostmenu/Entries.h"
 #include "hostmenu/NodeWalk.h"
 
 namespace
@@ -10,15 +10,13 @@ namespace
 // Adds the entry and returns the sub-menu made for it: an empty wrapper when it is no cascade.
 IAcadPopupMenu AddEntry(IXMLDOMNode* node, const IAcadPopupMenu& menu)
 {
-    const CEntryAttributes attributes(node);
-    if (!attributes.Exist())
+    const std::optional<MenuEntry> entry = ReadMenuEntry(node);
+    if (!entry)
         return IAcadPopupMenu();
-    const std::optional<CString> name = attributes.Value(NameAttribute);
-    const std::optional<CString> command = attributes.Command();
-    const std::optional<CString> help = attributes.Value(HelpAttribute);
-    if (!command && help)
-        return IAcadPopupMenu(Append_SubMenu(menu, PointerOrNull(name)));
-    Append_MenuItem(menu, PointerOrNull(name), PointerOrNull(command), PointerOrNull(help), true, false);
+    if (entry->Kind() == MenuEntryKind::Cascade)
+        return IAcadPopupMenu(Append_SubMenu(menu, PointerOrNull(entry->name)));
+    Append_MenuItem(menu, PointerOrNull(entry->name), PointerOrNull(entry->command),
+                    PointerOrNull(entry->help), true, false);
     return IAcadPopupMenu();
 }
 

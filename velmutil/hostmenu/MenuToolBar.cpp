@@ -5,7 +5,7 @@
 #include "frame/ModulePath.h"
 #include "frame/ResourceText.h"
 #include "hostmenu/CompanionOperations.h"
-#include "hostmenu/EntryAttributes.h"
+#include "hostmenu/Entries.h"
 #include "hostmenu/HostApplication.h"
 #include "hostmenu/MenuNode.h"
 #include "hostmenu/NodeWalk.h"
@@ -36,19 +36,19 @@ void ForEachSelected(IXMLDOMNode* document, const wchar_t* xpath, Visit visit)
 
 void BuildMenu(IXMLDOMNode* document, const IDispatchPtr& application)
 {
-    const CString name = HolderName(document, L"//Menus");
+    const CString name = HolderName(document, MenuHolderPath);
     const IAcadPopupMenu menu(Create_ACADMenu(RequireHostApplication(application), name));
-    ForEachSelected(document, L"//Menus/Menu", [&](IXMLDOMNodePtr& entry) { ProcessMenuNode(entry, menu); });
+    ForEachSelected(document, MenuEntriesPath, [&](IXMLDOMNodePtr& entry) { ProcessMenuNode(entry, menu); });
 }
 
 void BuildToolBar(IXMLDOMNode* document, const IDispatchPtr& application, wchar_t* moduleName)
 {
-    const CString name = HolderName(document, L"//Toolbars");
+    const CString name = HolderName(document, ToolBarHolderPath);
     const CString folder = GetProjectPath(moduleName);
     if (folder.IsEmpty())
         return;
     IAcadToolbar toolbar(Create_ACADToolBar(RequireHostApplication(application), name));
-    ForEachSelected(document, L"//Toolbars/Toolbar",
+    ForEachSelected(document, ToolBarEntriesPath,
                     [&](IXMLDOMNodePtr& entry) { ProcessTBarNode(entry, toolbar, folder); });
     toolbar.SetVisible(1);
 }

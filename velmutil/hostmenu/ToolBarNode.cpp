@@ -1,7 +1,7 @@
 #include "hostmenu/ToolBarNode.h"
 
 #include "hostmenu/CompanionOperations.h"
-#include "hostmenu/EntryAttributes.h"
+#include "hostmenu/Entries.h"
 #include "hostmenu/HostApplication.h"
 #include "hostmenu/NodeWalk.h"
 
@@ -23,27 +23,16 @@ struct Button
     }
 };
 
-CString ImageFile(const CString& folder, const CString& imageList, const wchar_t* size)
-{
-    return folder + L"Bmps" + L"\\" + imageList + size + L".bmp";
-}
-
 // None for an entry that is not built.
 std::optional<Button> ReadButton(IXMLDOMNode* node, const CString& folder)
 {
-    const CEntryAttributes attributes(node);
-    if (!attributes.Exist())
+    const std::optional<ToolBarEntry> entry = ReadToolBarEntry(node);
+    if (!entry || entry->Kind() != ToolBarEntryKind::Button)
         return std::nullopt;
-    const CString name = attributes.Value(NameAttribute).value_or(CString());
-    Button button{attributes.Command(), attributes.Value(ToolTipAttribute), CString(), CString()};
-    CString imageList = attributes.Value(ImageListAttribute).value_or(CString());
-    // A blank ImageList is built all the same: it is trimmed only after this.
-    if (name.CompareNoCase(L"Separator") == 0 || imageList.IsEmpty())
-        return std::nullopt;
-    imageList.Trim();
-    button.smallImage = ImageFile(folder, imageList, L"16");
-    button.largeImage = ImageFile(folder, imageList, L"24");
-    return button;
+    const CString imageName = entry->ImageName();
+    const CString images = folder + ImageFolder + L"\\";
+    return Button{entry->command, entry->toolTip, images + ImageFileName(imageName, SmallImageSize),
+                  images + ImageFileName(imageName, LargeImageSize)};
 }
 
 void AddFlyout(const Button& button, const IAcadToolbar& toolbar, IXMLDOMNodeList* children, long count,
@@ -70,7 +59,7 @@ void ProcessTBarNode(IXMLDOMNodePtr node, IAcadToolbar toolbar, CString folder)
     IXMLDOMNodeListPtr children;
     _com_util::CheckError(node->get_childNodes(&children));
     const long count = NodeCount(children);
-    if (count != 0)
+    if (OpensFlyout(count))
         AddFlyout(*button, toolbar, children, count, folder);
     else
         button->AddTo(toolbar, false, IAcadToolbar());

@@ -27,7 +27,8 @@ XLISTCTRLDATA* NewRowRecords(int count)
         return nullptr;
     Head* const head = new (memory) Head{count};
     const auto records = reinterpret_cast<XLISTCTRLDATA*>(head + 1);
-    std::uninitialized_default_construct_n(records, count);
+    // Copies of one, since each default record asks the system for its colours.
+    std::uninitialized_fill_n(records, count, XLISTCTRLDATA());
     return records;
 }
 

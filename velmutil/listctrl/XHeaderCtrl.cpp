@@ -76,14 +76,34 @@ BOOL CXHeaderCtrl::ModifyProperty(WPARAM wProperty, LPARAM lParam)
     return TRUE;
 }
 
+int CXHeaderCtrl::CountItems()
+{
+    if (m_hWnd == nullptr)
+        return 0;
+    if (m_countedWindow != m_hWnd) {
+        m_itemCount = static_cast<int>(DefWindowProc(HDM_GETITEMCOUNT, 0, 0));
+        m_countedWindow = m_hWnd;
+    }
+    return m_itemCount;
+}
+
+LRESULT CXHeaderCtrl::ChangeItems()
+{
+    // Again afterwards, for those who asked in between.
+    ForgetCount();
+    const LRESULT result = Default();
+    ForgetCount();
+    return result;
+}
+
 LRESULT CXHeaderCtrl::OnInsertItem(WPARAM, LPARAM)
 {
-    return Default();
+    return ChangeItems();
 }
 
 LRESULT CXHeaderCtrl::OnDeleteItem(WPARAM, LPARAM)
 {
-    return Default();
+    return ChangeItems();
 }
 
 LRESULT CXHeaderCtrl::OnSetImageList(WPARAM, LPARAM lParam)

@@ -38,12 +38,13 @@ protected:
     // bitmap at the right, the caption between them.
     virtual void DrawItem(CDC* pDC, CRect rect, HDITEM* pItem);
 
-    // Draws the whole header inside the clip box of `pDC`.
+    // Draws the whole header inside the clip box of `pDC`, or nothing where that cannot be read. Captions are
+    // cut at 159 characters. Rests on HDM_ORDERTOINDEX, HDM_GETITEM and HDM_GETITEMRECT.
     void DrawCtrl(CDC* pDC);
 
     // Each draws one piece, at the left or the right end of `rect`, and returns the width that it used, 0
-    // if there is nothing to draw or no room for it. An image is cut to the room; a bitmap wider than the
-    // room is not drawn.
+    // if there is nothing to draw or no room for it. An image is cut to the room, but what is returned is the
+    // whole width of the image list's images; a bitmap wider than the room is not drawn.
     int DrawImage(CDC* pDC, CRect rect, HDITEM* pItem, BOOL bRight);
     int DrawBitmap(CDC* pDC, CRect rect, HDITEM* pItem, CBitmap* pBitmap, BITMAP* pBitmapInfo, BOOL bRight);
 
@@ -51,6 +52,8 @@ protected:
     // long. Returns the width that it used.
     int DrawText(CDC* pDC, CRect rect, HDITEM* pItem);
 
+    // Note the size of the images, widen the layout if that was asked for, and paint; items that come and go
+    // are passed on.
     afx_msg LRESULT OnInsertItem(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnDeleteItem(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnSetImageList(WPARAM wParam, LPARAM lParam);
@@ -61,6 +64,8 @@ protected:
 
     DECLARE_MESSAGE_MAP()
 
+    // Whether to paint through a bitmap, the properties, the size of the image list's images, and the
+    // system's colours as last read.
     BOOL m_bDoubleBuffer;
     int m_nSpacing;
     CSize m_sizeImage;
@@ -76,7 +81,18 @@ protected:
     COLORREF m_crText;
 
 private:
+    friend class CXListCtrl;
+
+    // The number of items, 0 without a window. Rests on HDM_GETITEMCOUNT, sent again only after an item came
+    // or went: a list asks for it with every access to a cell.
+    int CountItems();
+    void ForgetCount() { m_countedWindow = nullptr; }
+    LRESULT ChangeItems();
     void ReadSystemColors();
     void DrawOwnerDrawn(CDC* pDC, int item, const CRect& rect);
     void DrawDivider(CDC* pDC, const CRect& rect);
+
+    // The number of items of a window; of none at first.
+    HWND m_countedWindow = nullptr;
+    int m_itemCount = 0;
 };

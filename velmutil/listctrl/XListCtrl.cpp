@@ -2,25 +2,11 @@
 
 #include <new>
 
+#include "listctrl/ListWatch.h"
 #include "listctrl/RowRecords.h"
 
 UINT WM_XLISTCTRL_CHECKBOX_CLICKED = RegisterWindowMessageW(L"WM_XLISTCTRL_CHECKBOX_CLICKED");
 UINT WM_XLISTCTRL_COMBO_SELECTION = RegisterWindowMessageW(L"WM_XLISTCTRL_COMBO_SELECTION");
-
-namespace
-{
-
-constexpr COLORREF WindowsOwn = 0xFFFFFFFF;
-constexpr int NoHeaderCheckbox = 0;
-constexpr int HeaderUnchecked = 1;
-constexpr int HeaderChecked = 2;
-
-const wchar_t* TextOrEmpty(LPCTSTR text)
-{
-    return text != nullptr ? text : L"";
-}
-
-} // namespace
 
 BEGIN_MESSAGE_MAP(CXListCtrl, CListCtrl)
 ON_NOTIFY_REFLECT_EX(NM_CLICK, &CXListCtrl::OnClick)
@@ -38,6 +24,11 @@ ON_REGISTERED_MESSAGE(WM_XCOMBOLIST_KEYDOWN, &CXListCtrl::OnComboKeydown)
 ON_REGISTERED_MESSAGE(WM_XCOMBOLIST_LBUTTONUP, &CXListCtrl::OnComboLButtonUp)
 ON_NOTIFY_EX_RANGE(TTN_NEEDTEXTW, 0, 0xFFFF, &CXListCtrl::OnToolTipText)
 ON_NOTIFY_EX_RANGE(TTN_NEEDTEXTA, 0, 0xFFFF, &CXListCtrl::OnToolTipText)
+ON_NOTIFY_REFLECT_EX(LVN_ITEMCHANGING, &CXListCtrl::OnItemChange)
+ON_NOTIFY_REFLECT_EX(LVN_ITEMCHANGED, &CXListCtrl::OnItemChange)
+ON_NOTIFY_REFLECT_EX(LVN_DELETEITEM, &CXListCtrl::OnDeleteItem)
+ON_NOTIFY_REFLECT_EX(LVN_DELETEALLITEMS, &CXListCtrl::OnDeleteAllItems)
+ON_MESSAGE(WM_SETREDRAW, &CXListCtrl::OnSetRedraw)
 END_MESSAGE_MAP()
 
 CXListCtrl::CXListCtrl()
@@ -52,7 +43,10 @@ CXListCtrl::~CXListCtrl()
 {
     // While the handlers of this class are still there to free the records.
     DestroyWindow();
-    delete m_pCombo;
+    Watch::TellDeleted(*this);
+    // Whoever is closing the drop-down deletes it.
+    if (!m_isClosingCombo)
+        delete m_pCombo;
 }
 
 void CXListCtrl::ReadSystemColors()
@@ -80,6 +74,10 @@ void CXListCtrl::OnSysColorChange()
 
 void CXListCtrl::PreSubclassWindow()
 {
+    // What belonged to a former window.
+    DestroyComboList();
+    m_bComboButtonHeld = FALSE;
+    m_isRedrawOn = true;
     CListCtrl::PreSubclassWindow();
     SubclassHeaderControl();
 }
@@ -95,14 +93,26 @@ int CXListCtrl::OnCreate(LPCREATESTRUCT)
 void CXListCtrl::SubclassHeaderControl()
 {
     const auto header = reinterpret_cast<HWND>(::SendMessage(m_hWnd, LVM_GETHEADER, 0, 0));
-    if (!m_bHeaderSubclassed && header != nullptr && m_HeaderCtrl.SubclassWindow(header))
-        m_bHeaderSubclassed = TRUE;
+    if (m_bHeaderSubclassed || header == nullptr || !m_HeaderCtrl.SubclassWindow(header))
+        return;
+    m_bHeaderSubclassed = TRUE;
+    // A new header may have the handle of a former one.
+    m_HeaderCtrl.ForgetCount();
 }
 
 void CXListCtrl::OnDestroy()
 {
+    Watch::TellGone(*this);
     FreeAllRecords();
+    m_bHeaderSubclassed = FALSE;
     CListCtrl::OnDestroy();
+}
+
+// The parent neither sees nor stops the attaching and freeing of records.
+BOOL CXListCtrl::OnItemChange(NMHDR*, LRESULT* pResult)
+{
+    *pResult = 0;
+    return m_isSettingRecords;
 }
 
 // A row that goes past this class takes its records with it.
@@ -112,29 +122,70 @@ BOOL CXListCtrl::OnDeleteItem(NMHDR* pNMHDR, LRESULT*)
     return FALSE;
 }
 
+// The parent may answer that it does not want to hear of each row: then nobody hears.
+BOOL CXListCtrl::OnDeleteAllItems(NMHDR*, LRESULT*)
+{
+    FreeAllRecords();
+    return FALSE;
+}
+
+LRESULT CXListCtrl::OnSetRedraw(WPARAM wParam, LPARAM)
+{
+    const bool isTurnedOn = wParam != 0 && !m_isRedrawOn;
+    m_isRedrawOn = wParam != 0;
+    const LRESULT result = Default();
+    // What was set meanwhile.
+    if (isTurnedOn)
+        Invalidate();
+    return result;
+}
+
 // Records
 
-XLISTCTRLDATA* CXListCtrl::RecordsOf(int row)
+bool CXListCtrl::FindRow(int row, XLISTCTRLDATA*& records)
 {
     LVITEM item = {};
     item.mask = LVIF_PARAM;
     item.iItem = row;
-    return DefWindowProc(LVM_GETITEM, 0, reinterpret_cast<LPARAM>(&item)) != 0
-               ? reinterpret_cast<XLISTCTRLDATA*>(item.lParam)
-               : nullptr;
+    if (row < 0 || m_hWnd == nullptr || DefWindowProc(LVM_GETITEM, 0, reinterpret_cast<LPARAM>(&item)) == 0)
+        return false;
+    records = reinterpret_cast<XLISTCTRLDATA*>(item.lParam);
+    return true;
+}
+
+bool CXListCtrl::FindCell(int row, int column, XLISTCTRLDATA*& records)
+{
+    return FindRow(row, records) && 0 <= column && column < GetColumns();
+}
+
+XLISTCTRLDATA* CXListCtrl::RecordsOf(int row)
+{
+    XLISTCTRLDATA* records = nullptr;
+    FindRow(row, records);
+    return records;
 }
 
 XLISTCTRLDATA* CXListCtrl::RecordOf(int row, int column)
 {
-    return HasCell(row, column) ? RowRecord(RecordsOf(row), column) : nullptr;
+    XLISTCTRLDATA* records = nullptr;
+    return FindCell(row, column, records) ? RowRecord(records, column) : nullptr;
 }
 
-void CXListCtrl::SetRecords(int row, XLISTCTRLDATA* records)
+bool CXListCtrl::SetRecords(int row, XLISTCTRLDATA* records)
 {
-    CListCtrl::SetItemData(row, reinterpret_cast<DWORD_PTR>(records));
+    LVITEM item = {};
+    item.mask = LVIF_PARAM;
+    item.iItem = row;
+    item.lParam = reinterpret_cast<LPARAM>(records);
+    const Watch watch(*this);
+    m_isSettingRecords = true;
+    const bool isSet = DefWindowProc(LVM_SETITEM, 0, reinterpret_cast<LPARAM>(&item)) != 0;
+    if (!watch.IsDeleted())
+        m_isSettingRecords = false;
+    return isSet;
 }
 
-int CXListCtrl::AttachRecords(int row, COLORREF text, COLORREF background, int image)
+XLISTCTRLDATA* CXListCtrl::NewRecords(COLORREF text, COLORREF background, int image)
 {
     const int columns = GetColumns();
     XLISTCTRLDATA* records = nullptr;
@@ -142,18 +193,16 @@ int CXListCtrl::AttachRecords(int row, COLORREF text, COLORREF background, int i
         if (m_checkedCounts.size() < static_cast<size_t>(columns))
             m_checkedCounts.resize(static_cast<size_t>(columns));
         records = NewRowRecords(columns);
+    } catch (CException* e) {
+        e->Delete();
     } catch (const std::bad_alloc&) {
     }
-    // What the caller gave as parameter does not stay in any case.
-    SetRecords(row, records);
-    if (records == nullptr)
-        return -1;
     if (XLISTCTRLDATA* const first = RowRecord(records, 0)) {
         first->crText = text;
         first->crBackground = background;
         first->nImage = image;
     }
-    return row;
+    return records;
 }
 
 void CXListCtrl::FreeRecords(int row)
@@ -161,16 +210,22 @@ void CXListCtrl::FreeRecords(int row)
     XLISTCTRLDATA* const records = RecordsOf(row);
     if (records == nullptr)
         return;
-    for (int column = 0; column < RowRecordCount(records); ++column)
-        AdjustCheckedCount(column, records[column].nCheckedState, -1);
-    SetRecords(row, nullptr);
+    const Watch watch(*this);
+    // A parent without reflection may refuse: the row keeps what it points to.
+    if (!SetRecords(row, nullptr))
+        return;
+    if (!watch.IsDeleted()) {
+        for (int column = 0; column < RowRecordCount(records); ++column)
+            AdjustCheckedCount(column, records[column].nCheckedState, -1);
+        ++m_recordsFreed;
+    }
     DeleteRowRecords(records);
 }
 
 void CXListCtrl::FreeAllRecords()
 {
-    const int count = RowCount();
-    for (int row = 0; row < count; ++row)
+    const Watch watch(*this);
+    for (int row = 0; !watch.IsDeleted() && row < RowCount(); ++row)
         FreeRecords(row);
 }
 
@@ -178,6 +233,10 @@ void CXListCtrl::FreeAllRecords()
 
 int CXListCtrl::GetColumns()
 {
+    if (m_HeaderCtrl.m_hWnd != nullptr)
+        return m_HeaderCtrl.CountItems();
+    if (m_hWnd == nullptr)
+        return 0;
     const auto header = reinterpret_cast<HWND>(DefWindowProc(LVM_GETHEADER, 0, 0));
     return header != nullptr ? static_cast<int>(::SendMessage(header, HDM_GETITEMCOUNT, 0, 0)) : 0;
 }
@@ -189,18 +248,33 @@ int CXListCtrl::InsertItem(int nItem, LPCTSTR lpszItem)
 
 int CXListCtrl::InsertItem(int nItem, LPCTSTR lpszItem, COLORREF crText, COLORREF crBackground)
 {
-    if (nItem < 0 || m_hWnd == nullptr)
-        return -1;
-    const int row = CListCtrl::InsertItem(nItem, TextOrEmpty(lpszItem));
-    return row < 0 ? row : AttachRecords(row, crText, crBackground, -1);
+    LVITEM item = {};
+    item.mask = LVIF_TEXT;
+    item.iItem = nItem;
+    item.pszText = const_cast<LPTSTR>(lpszItem != nullptr ? lpszItem : L"");
+    return InsertWithRecords(item, crText, crBackground, -1);
 }
 
 int CXListCtrl::InsertItem(const LVITEM* pItem)
 {
-    if (pItem == nullptr || pItem->iItem < 0 || m_hWnd == nullptr)
+    return pItem != nullptr ? InsertWithRecords(*pItem, m_crWindowText, m_crWindow, pItem->iImage) : -1;
+}
+
+// The row comes with its records, so that those who hear of it find them, and no parameter of the caller's.
+int CXListCtrl::InsertWithRecords(LVITEM item, COLORREF text, COLORREF background, int image)
+{
+    if (item.iItem < 0 || m_hWnd == nullptr)
         return -1;
-    const int row = CListCtrl::InsertItem(pItem);
-    return row < 0 ? row : AttachRecords(row, m_crWindowText, m_crWindow, pItem->iImage);
+    XLISTCTRLDATA* const records = NewRecords(text, background, image);
+    item.mask |= LVIF_PARAM;
+    item.lParam = reinterpret_cast<LPARAM>(records);
+    const Watch watch(*this);
+    const int row = CListCtrl::InsertItem(&item);
+    if (watch.IsGone())
+        return -1;
+    if (row < 0)
+        DeleteRowRecords(records);
+    return row >= 0 && records == nullptr ? -1 : row;
 }
 
 BOOL CXListCtrl::SetItem(const LVITEM* pItem)
@@ -209,7 +283,8 @@ BOOL CXListCtrl::SetItem(const LVITEM* pItem)
         return -1;
     LVITEM item = *pItem;
     item.mask &= ~static_cast<UINT>(LVIF_PARAM);
-    if (!CListCtrl::SetItem(&item))
+    const Watch watch(*this);
+    if (!CListCtrl::SetItem(&item) || watch.IsGone())
         return FALSE;
     XLISTCTRLDATA* const record = RowRecord(RecordsOf(pItem->iItem), pItem->iSubItem);
     if (record == nullptr)
@@ -223,19 +298,26 @@ BOOL CXListCtrl::DeleteItem(int nItem)
 {
     if (!HasRow(nItem))
         return FALSE;
+    const Watch watch(*this);
+    const int count = RowCount();
     FreeRecords(nItem);
+    // The parent may have deleted it meanwhile: the index would be another row's.
+    if (watch.IsGone() || RowCount() != count)
+        return FALSE;
     return CListCtrl::DeleteItem(nItem);
 }
 
 BOOL CXListCtrl::DeleteAllItems()
 {
+    const Watch watch(*this);
     FreeAllRecords();
-    return CListCtrl::DeleteAllItems();
+    return watch.IsGone() ? FALSE : CListCtrl::DeleteAllItems();
 }
 
 void CXListCtrl::DeleteCheckedItems()
 {
-    for (int row = 0; row < RowCount();) {
+    const Watch watch(*this);
+    for (int row = 0; !watch.IsGone() && row < RowCount();) {
         const XLISTCTRLDATA* const first = RowRecord(RecordsOf(row), 0);
         // A row that the list view does not delete is passed over.
         if (first == nullptr || first->nCheckedState == 0 || !DeleteItem(row))
@@ -251,253 +333,6 @@ int CXListCtrl::GetCurSel()
 BOOL CXListCtrl::SetCurSel(int nItem)
 {
     return SetItemState(nItem, LVIS_FOCUSED | LVIS_SELECTED, LVIS_FOCUSED | LVIS_SELECTED);
-}
-
-// Cells
-
-BOOL CXListCtrl::SetTextOf(int row, int column, LPCTSTR text)
-{
-    return CListCtrl::SetItemText(row, column, TextOrEmpty(text));
-}
-
-BOOL CXListCtrl::SetItemText(int nItem, int nSubItem, LPCTSTR lpszText)
-{
-    if (!HasCell(nItem, nSubItem))
-        return FALSE;
-    const BOOL isSet = SetTextOf(nItem, nSubItem, lpszText);
-    RedrawCell(nItem, nSubItem);
-    return isSet;
-}
-
-BOOL CXListCtrl::SetItemText(int nItem, int nSubItem, LPCTSTR lpszText, COLORREF crText,
-                             COLORREF crBackground)
-{
-    if (!HasCell(nItem, nSubItem))
-        return FALSE;
-    const BOOL isSet = lpszText != nullptr ? SetTextOf(nItem, nSubItem, lpszText) : TRUE;
-    if (XLISTCTRLDATA* const record = RowRecord(RecordsOf(nItem), nSubItem)) {
-        record->crText = crText != WindowsOwn ? crText : m_crWindowText;
-        record->crBackground = crBackground != WindowsOwn ? crBackground : m_crWindow;
-    }
-    RedrawCell(nItem, nSubItem);
-    return isSet;
-}
-
-BOOL CXListCtrl::SetItemData(int nItem, DWORD dwData)
-{
-    XLISTCTRLDATA* const first = HasRow(nItem) ? RowRecord(RecordsOf(nItem), 0) : nullptr;
-    if (first == nullptr)
-        return FALSE;
-    first->dwItemData = dwData;
-    return TRUE;
-}
-
-DWORD CXListCtrl::GetItemData(int nItem)
-{
-    const XLISTCTRLDATA* const first = HasRow(nItem) ? RowRecord(RecordsOf(nItem), 0) : nullptr;
-    return first != nullptr ? first->dwItemData : 0;
-}
-
-BOOL CXListCtrl::SetBold(int nItem, int nSubItem, BOOL bBold)
-{
-    XLISTCTRLDATA* const record = RecordOf(nItem, nSubItem);
-    if (record == nullptr)
-        return FALSE;
-    record->bBold = bBold;
-    RedrawCell(nItem, nSubItem);
-    return TRUE;
-}
-
-BOOL CXListCtrl::GetBold(int nItem, int nSubItem)
-{
-    const XLISTCTRLDATA* const record = RecordOf(nItem, nSubItem);
-    return record != nullptr ? record->bBold : FALSE;
-}
-
-BOOL CXListCtrl::SetEnabled(int nItem, BOOL bEnable)
-{
-    XLISTCTRLDATA* const first = HasRow(nItem) ? RowRecord(RecordsOf(nItem), 0) : nullptr;
-    if (first == nullptr)
-        return FALSE;
-    first->bEnabled = bEnable;
-    CRect bounds;
-    GetItemRect(nItem, &bounds, LVIR_BOUNDS);
-    InvalidateRect(&bounds, TRUE);
-    UpdateWindow();
-    return TRUE;
-}
-
-BOOL CXListCtrl::GetEnabled(int nItem)
-{
-    const XLISTCTRLDATA* const first = HasRow(nItem) ? RowRecord(RecordsOf(nItem), 0) : nullptr;
-    return first != nullptr ? first->bEnabled : FALSE;
-}
-
-BOOL CXListCtrl::SetItemImage(int nItem, int nSubItem, int nImage)
-{
-    if (!HasCell(nItem, nSubItem))
-        return FALSE;
-    if (XLISTCTRLDATA* const record = RowRecord(RecordsOf(nItem), nSubItem))
-        record->nImage = nImage;
-    RedrawCell(nItem, nSubItem);
-    return TRUE;
-}
-
-BOOL CXListCtrl::SetItemToolTipText(int nItem, int nSubItem, LPCTSTR lpszToolTipText)
-{
-    XLISTCTRLDATA* const record = RecordOf(nItem, nSubItem);
-    if (record == nullptr)
-        return FALSE;
-    record->strToolTip = TextOrEmpty(lpszToolTipText);
-    return TRUE;
-}
-
-CString CXListCtrl::GetItemToolTipText(int nItem, int nSubItem)
-{
-    const XLISTCTRLDATA* const record = RecordOf(nItem, nSubItem);
-    return record != nullptr ? record->strToolTip : CString();
-}
-
-void CXListCtrl::DeleteAllToolTips()
-{
-    const int count = RowCount();
-    for (int row = 0; row < count; ++row) {
-        XLISTCTRLDATA* const records = RecordsOf(row);
-        for (int column = 0; column < RowRecordCount(records); ++column)
-            records[column].strToolTip.Empty();
-    }
-}
-
-// Check boxes
-
-void CXListCtrl::AdjustCheckedCount(int column, int state, int change)
-{
-    if (state == 1)
-        m_checkedCounts[static_cast<size_t>(column)] += change;
-}
-
-void CXListCtrl::SetCheckedState(XLISTCTRLDATA& record, int column, int state)
-{
-    AdjustCheckedCount(column, record.nCheckedState, -1);
-    record.nCheckedState = state;
-    AdjustCheckedCount(column, state, 1);
-}
-
-void CXListCtrl::UpdateHeaderCheckbox(int column)
-{
-    const int old = GetHeaderCheckedState(column);
-    if (old == NoHeaderCheckbox)
-        return;
-    const int state = CountCheckedItems(column) == RowCount() ? HeaderChecked : HeaderUnchecked;
-    if (state != old)
-        SetHeaderCheckedState(column, state);
-}
-
-BOOL CXListCtrl::SetCheckbox(int nItem, int nSubItem, int nCheckedState)
-{
-    XLISTCTRLDATA* const record = RecordOf(nItem, nSubItem);
-    if (record == nullptr)
-        return FALSE;
-    SetCheckedState(*record, nSubItem, nCheckedState);
-    RedrawCell(nItem, nSubItem);
-    UpdateHeaderCheckbox(nSubItem);
-    return TRUE;
-}
-
-int CXListCtrl::GetCheckbox(int nItem, int nSubItem)
-{
-    const XLISTCTRLDATA* const record = RecordOf(nItem, nSubItem);
-    return record != nullptr ? record->nCheckedState : -1;
-}
-
-int CXListCtrl::CountCheckedItems(int nSubItem)
-{
-    const bool isCounted =
-        0 <= nSubItem && nSubItem < GetColumns() && static_cast<size_t>(nSubItem) < m_checkedCounts.size();
-    return isCounted ? m_checkedCounts[static_cast<size_t>(nSubItem)] : 0;
-}
-
-BOOL CXListCtrl::SetHeaderCheckedState(int nSubItem, int nCheckedState)
-{
-    if (nSubItem < 0 || nSubItem >= GetColumns())
-        return FALSE;
-    HDITEM item = {};
-    item.mask = HDI_IMAGE;
-    item.iImage = nCheckedState;
-    m_HeaderCtrl.SetItem(nSubItem, &item);
-    return TRUE;
-}
-
-int CXListCtrl::GetHeaderCheckedState(int nSubItem)
-{
-    if (nSubItem < 0 || nSubItem >= GetColumns())
-        return -1;
-    HDITEM item = {};
-    item.mask = HDI_IMAGE;
-    m_HeaderCtrl.GetItem(nSubItem, &item);
-    return item.iImage;
-}
-
-// Drop-downs
-
-BOOL CXListCtrl::SetComboBox(int nItem, int nSubItem, BOOL bEnableCombo, CStringArray* psa,
-                             int nComboListHeight, int nInitialComboSel)
-{
-    if (psa == nullptr)
-        return FALSE;
-    XLISTCTRLDATA* const record = RecordOf(nItem, nSubItem);
-    if (record == nullptr)
-        return FALSE;
-    const int selection = 0 <= nInitialComboSel && nInitialComboSel < psa->GetSize() ? nInitialComboSel : 0;
-    record->bCombo = bEnableCombo;
-    if (bEnableCombo) {
-        record->pComboStrings = psa;
-        record->nComboListHeight = nComboListHeight;
-        record->nComboInitialSel = selection;
-        if (selection < psa->GetSize())
-            SetItemText(nItem, nSubItem, psa->GetAt(selection));
-    }
-    RedrawCell(nItem, nSubItem);
-    return TRUE;
-}
-
-CString CXListCtrl::GetComboText(int nItem, int nSubItem)
-{
-    return HasCell(nItem, nSubItem) ? TextOf(nItem, nSubItem) : CString();
-}
-
-// Progress bars
-
-BOOL CXListCtrl::SetProgress(int nItem, int nSubItem, BOOL bShowProgressText, LPCTSTR lpszProgressText)
-{
-    XLISTCTRLDATA* const record = RecordOf(nItem, nSubItem);
-    if (record == nullptr)
-        return FALSE;
-    record->bShowProgress = TRUE;
-    record->nProgressPercent = 0;
-    record->bShowProgressText = bShowProgressText;
-    record->strProgressText = TextOrEmpty(lpszProgressText);
-    RedrawCell(nItem, nSubItem);
-    return TRUE;
-}
-
-void CXListCtrl::UpdateProgress(int nItem, int nSubItem, int nPercent)
-{
-    XLISTCTRLDATA* const record = RecordOf(nItem, nSubItem);
-    if (record == nullptr)
-        return;
-    record->nProgressPercent = nPercent;
-    RedrawCell(nItem, nSubItem);
-}
-
-void CXListCtrl::DeleteProgress(int nItem, int nSubItem)
-{
-    XLISTCTRLDATA* const record = RecordOf(nItem, nSubItem);
-    if (record == nullptr)
-        return;
-    record->bShowProgress = FALSE;
-    record->nProgressPercent = 0;
-    RedrawCell(nItem, nSubItem);
 }
 
 // The list
@@ -547,6 +382,9 @@ void CXListCtrl::UpdateSubItem(int nItem, int nSubItem)
 
 void CXListCtrl::RedrawCell(int row, int column)
 {
+    // Nothing would come of it, and asking the window manager is most of what filling a list costs.
+    if (!IsDrawn())
+        return;
     const CRect cell = CellRect(row, column);
     InvalidateRect(&cell, TRUE);
     UpdateWindow();

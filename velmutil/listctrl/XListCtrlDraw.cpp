@@ -6,6 +6,7 @@
 #include <string>
 
 #include "listctrl/ImageDrawing.h"
+#include "listctrl/ListWatch.h"
 #include "listctrl/ProgressText.h"
 #include "listctrl/RowRecords.h"
 
@@ -78,7 +79,8 @@ public:
     bool IsEmpty() const { return m_length == 0; }
     void Draw(CDC* dc, CRect rect, UINT format) const
     {
-        dc->DrawText(m_long.IsEmpty() ? m_buffer : m_long.GetString(), m_length, &rect, format);
+        if (!rect.IsRectEmpty())
+            dc->DrawText(m_long.IsEmpty() ? m_buffer : m_long.GetString(), m_length, &rect, format);
     }
 
 private:
@@ -87,6 +89,13 @@ private:
     CString m_long;
     int m_length;
 };
+
+// A rectangle whose sides are crossed holds no pixel; the platform would put them in order.
+void Fill(CDC* dc, const CRect& rect, COLORREF color)
+{
+    if (!rect.IsRectEmpty())
+        dc->FillSolidRect(&rect, color);
+}
 
 void SetTextColors(CDC* dc, COLORREF text, COLORREF background)
 {
@@ -156,6 +165,9 @@ void CXListCtrl::DrawCell(NMLVCUSTOMDRAW& draw)
     draw.clrText = text;
     draw.clrTextBk = background;
     CRect rect = CellRect(row, column);
+    // The first column's, once another stands before it: what it drew would lie on its neighbour.
+    if (rect.Width() <= 0)
+        return;
 
     if (record != nullptr && record->bShowProgress) {
         DrawProgress(row, column, dc, text, background, rect, records);
@@ -211,7 +223,7 @@ void CXListCtrl::DrawText(int nItem, int nSubItem, CDC* pDC, COLORREF crText, CO
     if (rect.Width() <= 0)
         return;
     GetDrawColors(nItem, nSubItem, crText, crBkgnd);
-    pDC->FillSolidRect(&rect, crBkgnd);
+    Fill(pDC, rect, crBkgnd);
     const CCellText text(*this, nItem, nSubItem);
     if (text.IsEmpty())
         return;
@@ -232,7 +244,7 @@ int CXListCtrl::DrawImage(int nItem, int nSubItem, CDC* pDC, COLORREF crText, CO
                           XLISTCTRLDATA* records)
 {
     GetDrawColors(nItem, nSubItem, crText, crBkgnd);
-    pDC->FillSolidRect(&rect, crBkgnd);
+    Fill(pDC, rect, crBkgnd);
     const int spacing = m_HeaderCtrl.GetSpacing();
     rect.left += spacing;
 
@@ -251,14 +263,14 @@ void CXListCtrl::DrawCheckbox(int nItem, int nSubItem, CDC* pDC, COLORREF crText
                               CRect& rect, XLISTCTRLDATA* records)
 {
     GetDrawColors(nItem, nSubItem, crText, crBkgnd);
-    pDC->FillSolidRect(&rect, crBkgnd);
+    Fill(pDC, rect, crBkgnd);
     const CCellText text(*this, nItem, nSubItem);
 
     CRect box(rect);
     box.bottom -= 1;
     box.left = text.IsEmpty() ? rect.left - 1 + (rect.Width() / 2 - box.Height() / 2) : rect.left + 9;
     box.right = box.left + box.Height();
-    pDC->FillSolidRect(&box, m_crWindow);
+    Fill(pDC, box, m_crWindow);
     box.left += 1;
     pDC->DrawEdge(&box, EDGE_SUNKEN, BF_RECT);
 
@@ -290,7 +302,7 @@ void CXListCtrl::DrawCheckMark(CDC* pDC, const CRect& box, COLORREF color)
 void CXListCtrl::DrawComboBox(int nItem, int nSubItem, CDC* pDC, COLORREF, COLORREF, CRect& rect,
                               XLISTCTRLDATA* records)
 {
-    XLISTCTRLDATA* const record = RowRecord(records, nSubItem);
+    const XLISTCTRLDATA* record = RowRecord(records, nSubItem);
     if (record == nullptr)
         return;
     rect.bottom += 1;
@@ -305,7 +317,7 @@ void CXListCtrl::DrawComboBox(int nItem, int nSubItem, CDC* pDC, COLORREF, COLOR
     }
     CRect inside(rect);
     inside.DeflateRect(2, 2);
-    pDC->FillSolidRect(&inside, White);
+    Fill(pDC, inside, White);
 
     CRect button(rect);
     button.right = rect.right + 1;
@@ -314,9 +326,26 @@ void CXListCtrl::DrawComboBox(int nItem, int nSubItem, CDC* pDC, COLORREF, COLOR
 
     const CStringArray* const choices = record->pComboStrings;
     const int initial = record->nComboInitialSel;
-    if (CCellText(*this, nItem, nSubItem).IsEmpty() && choices != nullptr && 0 <= initial &&
+    // A text that somebody refuses would be set again by the drawing that follows.
+    if (!m_isChoosing && CCellText(*this, nItem, nSubItem).IsEmpty() && choices != nullptr && 0 <= initial &&
         initial < choices->GetSize() && !choices->GetAt(initial).IsEmpty())
-        SetItemText(nItem, nSubItem, choices->GetAt(initial));
+    {
+        const Watch watch(*this);
+        m_isChoosing = true;
+        // A copy: who hears of the text may change the choices.
+        const CString choice = choices->GetAt(initial);
+        SetItemText(nItem, nSubItem, choice);
+        if (!watch.IsDeleted())
+            m_isChoosing = false;
+        if (watch.IsGone())
+            return;
+        if (watch.AreRecordsFreed()) {
+            records = RecordsOf(nItem);
+            record = RowRecord(records, nSubItem);
+            if (record == nullptr)
+                return;
+        }
+    }
     const CCellText text(*this, nItem, nSubItem);
     if (!text.IsEmpty()) {
         SetTextColors(pDC, IsRowEnabled(records) ? m_crWindowText : m_crGrayText, m_crWindow);
@@ -329,7 +358,7 @@ void CXListCtrl::DrawComboBox(int nItem, int nSubItem, CDC* pDC, COLORREF, COLOR
         m_rectComboButton = button;
     DrawComboButton(pDC, button, isDown);
     if (isDown && m_pCombo == nullptr)
-        OpenComboList(nItem, nSubItem, pDC, rect, *record);
+        OpenComboList(nItem, nSubItem, pDC, rect);
 }
 
 void CXListCtrl::DrawComboButton(CDC* pDC, CRect button, bool isDown)
@@ -345,7 +374,7 @@ void CXListCtrl::DrawComboButton(CDC* pDC, CRect button, bool isDown)
         button.DeflateRect(2, 2);
         arrow = CPoint(button.left + 1, button.top + 2);
     }
-    pDC->FillSolidRect(&button, m_crBtnFace);
+    Fill(pDC, button, m_crBtnFace);
     CColorPen pen(pDC, Black);
     for (int row = 0; row < 3; ++row)
         pen.Line(arrow.x + row, arrow.y + row, arrow.x + 5 - row, arrow.y + row);
@@ -366,7 +395,7 @@ void CXListCtrl::DrawProgress(int, int nSubItem, CDC* pDC, COLORREF crText, COLO
         pen.Line(rect.left, rect.top, rect.right, rect.top);
         pen.Line(rect.left, rect.top, rect.left, rect.bottom);
         pen.Line(rect.right, rect.top, rect.right, rect.bottom);
-        pDC->FillSolidRect(CRect(rect.left + 1, rect.top + 1, rect.right, rect.bottom), ProgressTrough);
+        Fill(pDC, CRect(rect.left + 1, rect.top + 1, rect.right, rect.bottom), ProgressTrough);
         pen.SetColor(Black);
         pen.Line(rect.left + 1, rect.top + 1, rect.right, rect.top + 1);
         pen.Line(rect.left + 1, rect.top + 1, rect.left + 1, rect.bottom);
@@ -376,8 +405,7 @@ void CXListCtrl::DrawProgress(int, int nSubItem, CDC* pDC, COLORREF crText, COLO
         return;
     const int barEnd = BarEnd(rect.left + 2, rect.right, percent);
     const CRect bar(rect.left + 2, rect.top + 2, barEnd, rect.bottom);
-    if (bar.Width() > 0)
-        pDC->FillSolidRect(&bar, m_crHighLight);
+    Fill(pDC, bar, m_crHighLight);
     if (!record->bShowProgressText)
         return;
 
@@ -386,6 +414,8 @@ void CXListCtrl::DrawProgress(int, int nSubItem, CDC* pDC, COLORREF crText, COLO
     labelRect.DeflateRect(1, 1);
     labelRect.top += 1;
     const auto drawClipped = [&](const CRect& clip, COLORREF color) {
+        if (clip.IsRectEmpty() || labelRect.IsRectEmpty())
+            return;
         const CSavedDC saved(pDC);
         pDC->IntersectClipRect(&clip);
         SetTextColors(pDC, color, crBkgnd);
@@ -398,8 +428,9 @@ void CXListCtrl::DrawProgress(int, int nSubItem, CDC* pDC, COLORREF crText, COLO
 
 void CXListCtrl::OnPaint()
 {
+    const Watch watch(*this);
     Default();
-    if (RowCount() > 0)
+    if (watch.IsGone() || RowCount() > 0)
         return;
     CClientDC dc(this);
     const CSavedDC saved(&dc);
@@ -407,13 +438,14 @@ void CXListCtrl::OnPaint()
     GetWindowRect(&area);
     ScreenToClient(&area);
     CRect header(0, 0, 0, 0);
-    if (m_HeaderCtrl.GetSafeHwnd() != nullptr)
-        m_HeaderCtrl.GetItemRect(0, &header);
+    const auto headerWindow = reinterpret_cast<HWND>(DefWindowProc(LVM_GETHEADER, 0, 0));
+    if (headerWindow != nullptr)
+        ::SendMessage(headerWindow, HDM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&header));
     area.top += header.bottom + 10;
 
     if (m_strNoItemsMessage.IsEmpty())
         m_strNoItemsMessage = L"There are no items to show in this view.";
-    dc.FillSolidRect(&area, m_crWindow);
+    Fill(&dc, area, m_crWindow);
     SetTextColors(&dc, m_crWindowText, m_crWindow);
     dc.SelectStockObject(ANSI_VAR_FONT);
     dc.DrawText(m_strNoItemsMessage, &area, DT_CENTER | DT_WORDBREAK | DT_NOPREFIX | DT_NOCLIP);

@@ -5,6 +5,7 @@
 #include <new>
 
 #include "frame/TipText.h"
+#include "listctrl/ListWatch.h"
 #include "listctrl/RowRecords.h"
 
 namespace
@@ -38,7 +39,11 @@ int CXListCtrl::RowAt(CPoint point)
         return GetItemRect(row, &bounds, LVIR_BOUNDS) && bounds.PtInRect(point);
     };
     // In report view all rows are alike, so nobody has to ask each of them.
-    if ((GetStyle() & LVS_TYPEMASK) == LVS_REPORT && !IsGroupViewEnabled() && first.Height() > 0) {
+    CRect second;
+    const bool isColumn = count == 1 || (GetItemRect(1, &second, LVIR_BOUNDS) && second.left == first.left &&
+                                         second.top == first.bottom);
+    if ((GetStyle() & LVS_TYPEMASK) == LVS_REPORT && !IsGroupViewEnabled() && isColumn && first.Height() > 0)
+    {
         const int row = (point.y - first.top) / first.Height();
         return point.y >= first.top && row < count && contains(row) ? row : -1;
     }
@@ -62,19 +67,22 @@ int CXListCtrl::ColumnAt(int row, CPoint point)
 // Returns whether the list is still there: its parent may do anything.
 bool CXListCtrl::SendToParent(UINT message, int row, int column)
 {
-    const HWND list = m_hWnd;
-    CWnd* parent = CWnd::FromHandle(::GetParent(list));
+    const Watch watch(*this);
+    CWnd* parent = CWnd::FromHandle(::GetParent(m_hWnd));
     if (parent == nullptr)
         parent = GetOwner();
     if (parent != nullptr && ::IsWindow(parent->m_hWnd))
         parent->SendMessage(message, static_cast<WPARAM>(row), column);
-    return ::IsWindow(list) != FALSE;
+    return !watch.IsGone();
 }
 
-void CXListCtrl::CloseOpenComboList()
+void CXListCtrl::CloseOpenComboListAndGoOn()
 {
+    const Watch watch(*this);
     if (m_pCombo != nullptr)
         OnComboEscape(0, 0);
+    if (!watch.IsGone())
+        Default();
 }
 
 void CXListCtrl::DestroyComboList()
@@ -83,10 +91,14 @@ void CXListCtrl::DestroyComboList()
     if (combo == nullptr || m_isClosingCombo)
         return;
     // The window's going moves the focus, and with it whatever the program does then.
+    const Watch watch(*this);
     m_isClosingCombo = true;
     combo->DestroyWindow();
     delete combo;
+    if (watch.IsDeleted())
+        return;
     m_pCombo = nullptr;
+    ++m_combosEnded;
     m_isClosingCombo = false;
 }
 
@@ -94,8 +106,7 @@ void CXListCtrl::OnLButtonDown(UINT, CPoint point)
 {
     const int row = RowAt(point);
     if (row < 0) {
-        CloseOpenComboList();
-        Default();
+        CloseOpenComboListAndGoOn();
         return;
     }
     XLISTCTRLDATA* const records = RecordsOf(row);
@@ -108,8 +119,7 @@ void CXListCtrl::OnLButtonDown(UINT, CPoint point)
     } else if (record != nullptr && record->bCombo) {
         PressComboButton(row, column, point);
     } else {
-        CloseOpenComboList();
-        Default();
+        CloseOpenComboListAndGoOn();
     }
 }
 
@@ -117,16 +127,21 @@ void CXListCtrl::ToggleCheckbox(int row, int column)
 {
     XLISTCTRLDATA& record = *RecordOf(row, column);
     SetCheckedState(record, column, record.nCheckedState == 0 ? 1 : 0);
+    const Watch watch(*this);
     RedrawCell(row, column);
-    if (!SendToParent(WM_XLISTCTRL_CHECKBOX_CLICKED, row, column))
+    if (watch.IsGone() || !SendToParent(WM_XLISTCTRL_CHECKBOX_CLICKED, row, column))
         return;
     UpdateHeaderCheckbox(column);
-    Default();
+    if (!watch.IsGone())
+        Default();
 }
 
 void CXListCtrl::PressComboButton(int row, int column, CPoint point)
 {
+    const Watch watch(*this);
     DestroyComboList();
+    if (watch.IsGone())
+        return;
     const CRect cell = CellRect(row, column);
     // The second comparison is of unlike coordinates on purpose: so it has always been.
     if (point.x >= cell.right - cell.Height() && point.y <= cell.right) {
@@ -141,33 +156,49 @@ void CXListCtrl::PressComboButton(int row, int column, CPoint point)
         m_nComboItem = row;
         m_nComboSubItem = column;
         RedrawCell(row, column);
+        if (watch.IsGone())
+            return;
         SetTimer(ButtonTimer, ButtonPeriod, nullptr);
     }
     Default();
 }
 
-void CXListCtrl::OpenComboList(int row, int column, CDC* pDC, const CRect& cell, const XLISTCTRLDATA& record)
+void CXListCtrl::OpenComboList(int row, int column, CDC* pDC, const CRect& cell)
 {
+    // Rows may have moved since the press.
+    const XLISTCTRLDATA* const pressed = RecordOf(row, column);
+    if (pressed == nullptr)
+        return;
+    const Watch watch(*this);
+    CXComboList* combo = nullptr;
+    LPCTSTR windowClass = nullptr;
     try {
-        m_pCombo = new CXComboList(this);
+        windowClass = AfxRegisterWndClass(CS_SAVEBITS | CS_CLASSDC, ::LoadCursor(nullptr, IDC_ARROW));
+        combo = new CXComboList(this);
     } catch (CException* e) {
         e->Delete();
         return;
     } catch (const std::bad_alloc&) {
         return;
     }
+    m_pCombo = combo;
     m_nComboItem = row;
     m_nComboSubItem = column;
     m_rectComboList = cell;
     m_rectComboList.right -= 1;
     m_rectComboList.top += cell.Height() - 1;
-    m_rectComboList.bottom = ComboListBottom(m_rectComboList.top, cell.Height() - 2, record.nComboListHeight);
+    m_rectComboList.bottom =
+        ComboListBottom(m_rectComboList.top, cell.Height() - 2, pressed->nComboListHeight);
     ClientToScreen(&m_rectComboList);
 
-    const LPCTSTR windowClass =
-        AfxRegisterWndClass(CS_SAVEBITS | CS_CLASSDC, ::LoadCursor(nullptr, IDC_ARROW));
-    if (!m_pCombo->CreateEx(0, windowClass, L"", WS_POPUP | WS_VISIBLE | WS_BORDER, m_rectComboList, this, 0))
-    {
+    // Activation and focus go round the program: afterwards the drop-down, the row or the list may be gone.
+    const unsigned ended = m_combosEnded;
+    const BOOL isCreated =
+        combo->CreateEx(0, windowClass, L"", WS_POPUP | WS_VISIBLE | WS_BORDER, m_rectComboList, this, 0);
+    if (watch.IsGone() || m_combosEnded != ended)
+        return;
+    const XLISTCTRLDATA* const record = RecordOf(row, column);
+    if (!isCreated || record == nullptr) {
         DestroyComboList();
         return;
     }
@@ -177,30 +208,36 @@ void CXListCtrl::OpenComboList(int row, int column, CDC* pDC, const CRect& cell,
     if (!m_bComboFontCreated && current != nullptr && current->GetLogFont(&logFont) != 0)
         m_bComboFontCreated = m_fontComboList.CreateFontIndirect(&logFont);
     if (m_bComboFontCreated)
-        m_pCombo->SetFont(&m_fontComboList, FALSE);
-    FillComboList(row, column, record);
-    m_pCombo->SetActive(ComboScrollBarWidth);
+        combo->SetFont(&m_fontComboList, FALSE);
+    if (FillComboList(row, column, *record))
+        combo->SetActive(ComboScrollBarWidth);
 }
 
-void CXListCtrl::FillComboList(int row, int column, const XLISTCTRLDATA& record)
+bool CXListCtrl::FillComboList(int row, int column, const XLISTCTRLDATA& record)
 {
+    CXComboList* const combo = m_pCombo;
     const CStringArray* const choices = record.pComboStrings;
     const INT_PTR count = choices != nullptr ? choices->GetSize() : 0;
     for (INT_PTR i = 0; i < count; ++i) {
         if (!choices->GetAt(i).IsEmpty())
-            m_pCombo->AddString(choices->GetAt(i));
+            combo->AddString(choices->GetAt(i));
     }
     INT_PTR selection = 0;
     const CString text = TextOf(row, column);
     if (!text.IsEmpty()) {
-        selection = std::max<INT_PTR>(m_pCombo->FindStringExact(-1, text), 0);
-    } else if (m_pCombo->GetCount() > 0) {
+        selection = std::max<INT_PTR>(combo->FindStringExact(-1, text), 0);
+    } else if (combo->GetCount() > 0) {
         CString first;
-        m_pCombo->GetText(0, first);
+        combo->GetText(0, first);
+        const Watch watch(*this);
+        const unsigned ended = m_combosEnded;
         SetItemText(row, column, first);
+        if (watch.IsGone() || m_combosEnded != ended)
+            return false;
     }
-    m_pCombo->SetCurSel(selection);
-    m_pCombo->GetText(selection, m_strComboOpenText);
+    combo->SetCurSel(selection);
+    combo->GetText(selection, m_strComboOpenText);
+    return true;
 }
 
 // Makes the open list's selection the text of its cell; whether there was one, and such a cell.
@@ -237,10 +274,7 @@ void CXListCtrl::OnTimer(UINT_PTR nIDEvent)
         break;
     case CommitTimer:
         KillTimer(CommitTimer);
-        if (m_pCombo != nullptr && TakeComboSelection() &&
-            !SendToParent(WM_XLISTCTRL_COMBO_SELECTION, m_nComboItem, m_nComboSubItem))
-            return;
-        DestroyComboList();
+        CommitComboSelection();
         break;
     case CopyTimer:
         KillTimer(CopyTimer);
@@ -248,6 +282,19 @@ void CXListCtrl::OnTimer(UINT_PTR nIDEvent)
             TakeComboSelection();
         break;
     }
+}
+
+void CXListCtrl::CommitComboSelection()
+{
+    if (m_pCombo == nullptr)
+        return;
+    const Watch watch(*this);
+    const unsigned ended = m_combosEnded;
+    if (TakeComboSelection() && !watch.IsGone())
+        SendToParent(WM_XLISTCTRL_COMBO_SELECTION, m_nComboItem, m_nComboSubItem);
+    // The parent may have had another one opened meanwhile.
+    if (!watch.IsGone() && m_combosEnded == ended)
+        DestroyComboList();
 }
 
 LRESULT CXListCtrl::OnComboReturn(WPARAM, LPARAM)
@@ -266,7 +313,8 @@ LRESULT CXListCtrl::OnComboEscape(WPARAM, LPARAM)
 {
     KillTimer(ButtonTimer);
     SetTimer(CloseTimer, DeferPeriod, nullptr);
-    SetItemText(m_nComboItem, m_nComboSubItem, m_strComboOpenText);
+    const CString text = m_strComboOpenText;
+    SetItemText(m_nComboItem, m_nComboSubItem, text);
     return 0;
 }
 
@@ -282,14 +330,16 @@ void CXListCtrl::UnpressComboButton()
     if (isRunning)
         return;
     isRunning = true;
+    const Watch watch(*this);
     if (m_bComboButtonHeld) {
         if (XLISTCTRLDATA* const record = RecordOf(m_nComboItem, m_nComboSubItem)) {
             record->bComboButtonDown = FALSE;
             RedrawCell(m_nComboItem, m_nComboSubItem);
         }
     }
-    m_bComboButtonHeld = FALSE;
     isRunning = false;
+    if (!watch.IsDeleted())
+        m_bComboButtonHeld = FALSE;
 }
 
 BOOL CXListCtrl::OnClick(NMHDR*, LRESULT* pResult)
@@ -307,7 +357,10 @@ BOOL CXListCtrl::OnColumnClick(NMHDR* pNMHDR, LRESULT* pResult)
     if (old == 0 || old == -1)
         return FALSE;
     const int state = old == 1 ? 1 : 0;
+    const Watch watch(*this);
     SetHeaderCheckedState(column, state + 1);
+    if (watch.IsGone())
+        return FALSE;
     m_HeaderCtrl.UpdateWindow();
 
     const int count = RowCount();
@@ -316,10 +369,11 @@ BOOL CXListCtrl::OnColumnClick(NMHDR* pNMHDR, LRESULT* pResult)
         if (record != nullptr && record->nCheckedState != -1)
             SetCheckedState(*record, column, state);
     }
-    // The others are drawn when they come into sight.
-    const int top = GetTopIndex();
-    const int end = std::min(count, top + GetCountPerPage() + 1);
-    for (int row = top; row < end; ++row)
+    // The others are drawn when they come into sight. Groups show the rows in an order of their own.
+    const bool isGrouped = IsGroupViewEnabled() != FALSE;
+    const int top = isGrouped ? 0 : GetTopIndex();
+    const int end = isGrouped ? count : std::min(count, top + GetCountPerPage() + 1);
+    for (int row = top; row < end && !watch.IsGone(); ++row)
         UpdateSubItem(row, column);
     return FALSE;
 }
@@ -331,7 +385,8 @@ INT_PTR CXListCtrl::OnToolHitTest(CPoint point, TOOLINFO* pTI) const
     ::SendMessage(m_hWnd, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit));
     if ((hit.flags & LVHT_ONITEMLABEL) == 0)
         return -1;
-    const INT_PTR id = hit.iItem * 1000 + hit.iSubItem + 1;
+    const auto number = static_cast<unsigned>(hit.iItem) * 1000 + static_cast<unsigned>(hit.iSubItem) + 1;
+    const INT_PTR id = static_cast<int>(number);
     if (pTI != nullptr) {
         pTI->hwnd = m_hWnd;
         pTI->uId = static_cast<UINT_PTR>(id);

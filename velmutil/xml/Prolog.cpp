@@ -147,32 +147,78 @@ struct FileCloser
 // The file that an address of a file names.
 std::wstring FileOfAddress(const std::wstring& address)
 {
-    std::wstring name(INTERNET_MAX_URL_LENGTH, L'\0');
+    std::wstring name(std::max<size_t>(INTERNET_MAX_URL_LENGTH, address.size() + 1), L'\0');
     DWORD length = static_cast<DWORD>(name.size());
     if (FAILED(PathCreateFromUrlW(address.c_str(), name.data(), &length, 0)))
         return std::wstring();
-    name.resize(length);
+    name.resize(wcslen(name.c_str())); // an escape may stand for a zero
     return name;
 }
 
-std::wstring WithoutEscapes(std::wstring name)
+std::wstring WithoutEscapes(const std::wstring& escaped)
 {
+    std::wstring name = escaped;
     UrlUnescapeInPlace(name.data(), 0);
     name.resize(wcslen(name.c_str()));
     return name;
 }
 
-// The files that a parser may open for a path or an address, each once: it may take off a query and a
-// fragment, unless there is a file of that very name, and resolve escapes.
+// A name that comes to this one when its escapes are resolved.
+std::wstring KeepingEscapes(const std::wstring& name)
+{
+    std::wstring kept;
+    for (const wchar_t c : name)
+        kept += c == L'%' ? L"%25" : std::wstring(1, c);
+    return kept;
+}
+
+// Without what may be a query or a fragment.
+std::wstring WithoutMarks(const std::wstring& name)
+{
+    return name.substr(0, name.find_first_of(L"?#"));
+}
+
+// Without what does not count in an address: control characters, and blanks around it.
+std::wstring WithoutFillers(std::wstring name)
+{
+    std::erase_if(name, [](wchar_t c) { return c < L' ' || (c >= 0x7F && c < 0xA0); });
+    name.erase(0, name.find_first_not_of(L' '));
+    name.erase(name.find_last_not_of(L' ') + 1);
+    return name;
+}
+
+// The files that a parser may open for a path or an address, each once. It may resolve escapes or not, and
+// take off a query and a fragment, also one that an escape has brought in. Only a path without escapes is
+// sure to stand for the file of that very name, where there is one.
 std::set<std::wstring> FilesFor(const CString& path)
 {
-    const std::wstring name = path.GetString();
-    const std::wstring cut = name.substr(0, name.find_first_of(L"?#"));
-    if (PathIsURLW(name.c_str()))
-        return {FileOfAddress(name), FileOfAddress(cut)};
-    if (GetFileAttributesW(name.c_str()) == INVALID_FILE_ATTRIBUTES)
-        return {cut, WithoutEscapes(name), WithoutEscapes(cut)};
-    return {name, WithoutEscapes(name)};
+    const std::wstring given = path.GetString();
+    const std::wstring name = WithoutFillers(given);
+    const auto resolved = PathIsURLW(name.c_str()) ? FileOfAddress : WithoutEscapes;
+    const std::wstring plain = resolved(name);
+    if (plain == given && GetFileAttributesW(given.c_str()) != INVALID_FILE_ATTRIBUTES)
+        return {given};
+    const std::wstring cut = WithoutMarks(name);
+    return {given,
+            plain,
+            WithoutMarks(plain),
+            resolved(KeepingEscapes(name)),
+            resolved(cut),
+            resolved(KeepingEscapes(cut))};
+}
+
+// The file that a search along the system's path finds for a relative name, or none: a parser may look there,
+// and in the program's folder, before it looks in the current one.
+std::wstring FoundAlongPath(const std::wstring& name)
+{
+    if (name.empty() || !PathIsRelativeW(name.c_str()))
+        return std::wstring();
+    const DWORD size = SearchPathW(nullptr, name.c_str(), nullptr, 0, nullptr, nullptr);
+    std::wstring found(size, L'\0');
+    const DWORD length =
+        size != 0 ? SearchPathW(nullptr, name.c_str(), nullptr, size, found.data(), nullptr) : 0;
+    found.resize(length < size ? length : 0);
+    return found;
 }
 
 // A prolog that is longer than this is no prolog.
@@ -211,5 +257,7 @@ bool TextDeclaresEntities(const CString& text)
 bool FileDeclaresEntities(const CString& path)
 {
     const std::set<std::wstring> files = FilesFor(path);
-    return std::any_of(files.begin(), files.end(), DeclaresEntities);
+    return std::any_of(files.begin(), files.end(), [](const std::wstring& name) {
+        return DeclaresEntities(name) || DeclaresEntities(FoundAlongPath(name));
+    });
 }

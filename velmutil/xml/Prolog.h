@@ -10,7 +10,8 @@
 // Whether the document in the file declares entities. False where the file cannot be read: that is
 // for the parser to say. Reads little further than to the root element; a
 // prolog of more than 64 MB counts as one that does. Takes paths and addresses of files, in
-// each reading that a parser may give them.
+// each reading that a parser may give them; a relative path also as the name of a file beside the program or
+// on the system's path.
 bool FileDeclaresEntities(const CString& path);
 
 // The same for a document in memory.

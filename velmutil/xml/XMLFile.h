@@ -3,9 +3,9 @@
 // The calling thread must have COM initialised in an apartment of its own (CoInitialize): no member does
 // it. An object, and every node it hands out, is used on that thread only. Selections are XPath 1.0.
 //
-// Failures are told in one of two ways, and each member says which is its own: a message box
-// (AfxMessageBox, an OK button, no help context), or the exception _com_error with the failing result
-// code and the error information of the failing object where it offers any. A call through a null
+// Each member says how it tells of a failure: by its result alone, by a message box (AfxMessageBox, an OK
+// button, no help context), by the exception _com_error, or not at all. The exception carries the failing
+// result code, and the error information of the failing object where it offers any. A call through a null
 // pointer counts as E_POINTER, text or a node that the platform cannot allocate as E_OUTOFMEMORY. Where
 // memory for MFC's or the standard library's own objects runs out, their exceptions leave a member that
 // catches none.
@@ -18,8 +18,9 @@
 // long as the parser takes them; tens of thousands of attributes of one element cost it seconds.
 //
 // Where an argument is a wchar_t*, it is a text with a final zero that the member only reads. A name to be
-// given to a new element or attribute must be a name in XML's sense, with one prefix at most: otherwise
-// the member raises E_INVALIDARG before it changes anything.
+// given to a new element or attribute must be a name in XML's sense, with one prefix at most. Another one,
+// the empty and the null one too, raises before anything is changed: E_INVALIDARG, unless something
+// else fails first, such as the search of SelectNode.
 #pragma once
 
 #include <list>
@@ -77,9 +78,15 @@ public:
     // Loads the file into a new document and returns true, or returns false and leaves a new, empty
     // document. Any former document is released in both cases. A file that is missing, cannot be read or
     // is not well-formed raises nothing and shows nothing. Any exception is caught: it shows "XML File
-    // Loading Error" and gives false; the former document is kept if no new one could be made. Rests on
-    // IXMLDOMDocument::load, which takes addresses as well as paths: in a path it may read "%20" as a
-    // blank. Paths with more than 260 characters are the parser's matter.
+    // Loading Error" and gives false. The former document is kept then if no new one could be made ready;
+    // if the new one cannot be told to load, it is left, and may hold a declaration (UTF-8) and nothing
+    // else. What the parser says of the new document before the load is shown in a box of its own, and
+    // the load goes on; as a rule that is nothing.
+    //
+    // Rests on IXMLDOMDocument::load, which takes addresses as well as paths: in a path it may read "%20"
+    // as a blank. A path that may stand for several files so is refused if any of them declares
+    // entities; what an address that is no file's gives is not looked at before. Paths with more than 260
+    // characters are the parser's matter.
     bool LoadFile();
 
     // Calls CoUninitialize once; document, current node and path stay. To be called where the caller's
@@ -94,8 +101,9 @@ public:
     // locked, a folder) stays as it was, while a failure in the middle of writing may leave a part of it.
     // Windows writes in the encoding that the document's declaration names, Wine always in UTF-8 and
     // without changing the declaration: there, a document declared in another encoding may come back
-    // changed or not load. To be safe against both, declare UTF-8 or nothing. Wine writes an
-    // "&" in the name of a namespace as it is: that file does not load again.
+    // changed or not load, and for some encodings, such as GB2312, the save fails and leaves an empty
+    // file. To be safe against both, declare UTF-8 or nothing. Wine writes an "&" in the name of a namespace
+    // as it is: that file does not load again.
     void SaveDocument();
 
     // Sets `document` to the document, with a reference of its own; null without one.
@@ -113,9 +121,12 @@ public:
     //   false   true    the child, or a new element at the end of the current node's children
     //   true    true    a child that was found is removed; a new element at the end
     //   true    false   null after the message "To remove Node Itself, Create option should be true"
-    // Does not change the current node. Raises _com_error: no current node, no document when an element
-    // must be made (the old one has been removed by then), a name that is no XPath step, a second root
-    // element, a refused removal or append.
+    // Does not change the current node. `name` may be any XPath that goes on from "./", and what it finds
+    // any kind of node. Raises _com_error, in this order: E_POINTER without a current node; the platform's
+    // error for what is no XPath, the empty and the null name too; and where an element must be made,
+    // E_INVALIDARG for what is an XPath but no name, the platform's error for a refused removal,
+    // E_POINTER without a document, E_INVALIDARG for a second root element and under a node that can have
+    // no elements. An old child is gone after the removal, also when what follows fails.
     IXMLDOMNodePtr SelectNode(wchar_t* name, bool remove, bool create);
 
     // Sets `node` to the first node that `xpath` finds from the document, null if there is none. Leaves it
@@ -124,9 +135,9 @@ public:
     void GetDOMNodePtr(CString xpath, IXMLDOMNodePtr& node);
 
     // The value of the attribute `attribute` of the first node that `xpath` finds, which must be an element;
-    // empty where there is no such element or no such attribute. Any failure, and a node that is no element,
-    // shows "XML File Atrribute Error" and gives the empty text; an XPath that is not valid shows
-    // GetDOMNodePtr's message only.
+    // empty where there is no such element or no such attribute. Any failure, a node that is no element,
+    // and a null or empty `attribute` show "XML File Atrribute Error" and give the empty text; an XPath
+    // that is not valid shows GetDOMNodePtr's message only.
     CString GetAttrib(CString xpath, wchar_t* attribute);
 
     // The same; sets `element` to that element as well. It stays as it was if nothing is found, and
@@ -153,7 +164,7 @@ public:
 
     // A new element, put at the end of the current node's children. Does not change the current node and
     // does not look for others of that name. E_POINTER without document or current node; E_INVALIDARG for
-    // a second root element, and under a node that can have no elements.
+    // a name that XML does not allow, for a second root element, and under a node that can have no elements.
     IXMLDOMNodePtr CreateNode(wchar_t* name);
 
     // Exchanges the attribute `name` of the current node with `value`, in the direction that m_bReadMode
@@ -182,7 +193,8 @@ public:
 
     // Removes the first node that `childXPath` finds from the first that `parentXPath` finds, both from
     // the document. Does nothing if either finds nothing. E_POINTER without a document; the platform's
-    // error where the one is not a child of the other, E_INVALIDARG for an attribute.
+    // error for an XPath that is not valid (both are searched for) and where the one is not a child of the
+    // other; E_INVALIDARG for an attribute.
     void DeleteXMLNode(CString parentXPath, CString childXPath);
 
     // Resources
@@ -192,12 +204,13 @@ public:
     // the resource's name. Its bytes are text in the ANSI code page and end at the first zero byte, or
     // with the resource. Returns false if there is no such text, and changes nothing then; otherwise
     // replaces the document and returns whether the text is well-formed (if not, the new document is
-    // empty). Raises _com_error where no document can be made. Rests on FindResourceW, LoadResource,
+    // empty). Raises _com_error where no document can be made, which keeps the former one, and where
+    // the new one cannot be told to load, which leaves it empty. Rests on FindResourceW, LoadResource,
     // LockResource and IXMLDOMDocument::loadXML.
     bool setXMLStringFromResource(__int64 resourceId, CString resourceType, CString moduleName);
 
-    // Replaces the document by a new, empty one and returns false. Any exception shows "Resource File
-    // Loading Error".
+    // Replaces the document by a new, empty one and returns false. Any exception is caught and shows
+    // "Resource File Loading Error"; the former document is kept then if no new one could be made.
     bool LoadFileFromRes();
 
 private:
