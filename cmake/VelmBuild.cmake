@@ -22,6 +22,10 @@ if(MINGW)
   # DWARF 4 is what the debugger's stack walker reads; frame pointers keep its stacks whole.
   add_compile_options("$<$<COMPILE_LANGUAGE:CXX>:-gdwarf-4;-fno-omit-frame-pointer>")
   target_compile_options(velm_warnings INTERFACE "$<$<COMPILE_LANGUAGE:CXX>:-Wall;-Wextra>")
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    # MFC's classes hide their bases' Create by design, and so must those derived from them.
+    target_compile_options(velm_warnings INTERFACE "$<$<COMPILE_LANGUAGE:CXX>:-Wno-overloaded-virtual>")
+  endif()
   # Text in .rc files is UTF-8.
   set(CMAKE_RC_FLAGS "${CMAKE_RC_FLAGS} -c 65001")
   set(CMAKE_CXX_STANDARD_LIBRARIES
@@ -56,7 +60,9 @@ function(velm_runtime_dlls result)
       execute_process(COMMAND "${CMAKE_CXX_COMPILER}" "-print-file-name=${name}"
                       OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
       if(NOT EXISTS "${path}" OR NOT IS_ABSOLUTE "${path}")
-        set(path "${triple_root}/lib/${name}")
+        unset(path)
+        find_file(path "${name}" PATHS "${VELM_SUPPORT_FOLDER}" "${triple_root}/lib" NO_CACHE NO_DEFAULT_PATH
+                  NO_CMAKE_FIND_ROOT_PATH)
       endif()
       if(NOT EXISTS "${path}")
         message(FATAL_ERROR "The C++ run-time ${name} was not found; install g++-mingw-w64-x86-64-posix.")

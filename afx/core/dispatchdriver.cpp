@@ -372,7 +372,14 @@ void AFX_CDECL COleDispatchDriver::SetProperty(DISPID dwDispID, VARTYPE vtProp, 
     const WORD wFlags = vtProp == VT_DISPATCH ? DISPATCH_PROPERTYPUTREF : DISPATCH_PROPERTYPUT;
 
     va_list argList;
+#ifdef __clang__ // a VARTYPE as the last named parameter is MFC's; both compilers here handle it
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wvarargs"
+#endif
     va_start(argList, vtProp);
+#ifdef __clang__
+#pragma clang diagnostic pop
+#endif
     struct ListEnd
     {
         va_list& args;

@@ -49,6 +49,7 @@ ProgramResult RunProgram(const std::filesystem::path& program, const std::vector
     inherited.bInheritHandle = TRUE;
     HANDLE readEnd = nullptr, writeEnd = nullptr;
     if (!CreatePipe(&readEnd, &writeEnd, &inherited, 1 << 16)) {
+        result.output = "there is no pipe: error " + std::to_string(GetLastError());
         return result;
     }
     const Handle reader(readEnd);
@@ -64,6 +65,7 @@ ProgramResult RunProgram(const std::filesystem::path& program, const std::vector
     if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
                         &process))
     {
+        result.output = "the program does not start: error " + std::to_string(GetLastError());
         return result;
     }
     const Handle thread(process.hThread), child(process.hProcess);
@@ -82,7 +84,7 @@ ProgramResult RunProgram(const std::filesystem::path& program, const std::vector
         WaitForSingleObject(child.get(), 5000);
     }
     ReadAvailable(readEnd, result.output);
-    DWORD code = 0;
+    DWORD code = NotStarted;
     GetExitCodeProcess(child.get(), &code);
     result.exitCode = code;
     std::erase(result.output, '\r');

@@ -8,10 +8,14 @@
 namespace testkit
 {
 
+// What stands for the exit code of a program that could not be started.
+inline constexpr unsigned NotStarted = 0xffffffff;
+
 struct ProgramResult
 {
-    unsigned exitCode = 0;
-    std::string output; // standard output and standard error together, line ends as "\n"
+    unsigned exitCode = NotStarted;
+    std::string
+        output; // standard output and standard error together, line ends as "\n"; or why it did not start
     bool ended = false; // false: it did not start, or was ended because it took too long
 };
 

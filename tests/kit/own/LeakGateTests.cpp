@@ -260,7 +260,7 @@ TEST(LeakGate, FailsATestThatLeavesABlockAndShowsWhoMadeIt)
         GTEST_SKIP() << "this build does not count heap blocks";
     }
     const auto result = RunFailing(L"LeaksABlock");
-    EXPECT_EQ(result.exitCode, 1u);
+    EXPECT_EQ(result.exitCode, 1u) << result.output;
     EXPECT_THAT(result.output,
                 AllOf(HasSubstr("Leak in Failing.LeaksABlock: heap blocks grew"),
                       HasSubstr("block of 4321 bytes"), HasSubstr("ForgetABlock"), HasSubstr("Culprits.cpp:"),
@@ -273,14 +273,14 @@ TEST(LeakGate, FailsATestThatLeavesAStringCopy)
         GTEST_SKIP() << "this build does not count heap blocks";
     }
     const auto result = RunFailing(L"LeaksAStringCopy");
-    EXPECT_EQ(result.exitCode, 1u);
+    EXPECT_EQ(result.exitCode, 1u) << result.output;
     EXPECT_THAT(result.output, HasSubstr("block of 14 bytes"));
 }
 
 TEST(LeakGate, FailsATestThatLeavesAGdiObject)
 {
     const auto result = RunFailing(L"LeaksABrush");
-    EXPECT_EQ(result.exitCode, 1u);
+    EXPECT_EQ(result.exitCode, 1u) << result.output;
     EXPECT_THAT(result.output, AllOf(HasSubstr("Leak in Failing.LeaksABrush: GDI objects grew"),
                                      Not(HasSubstr("heap blocks grew"))));
 }
@@ -288,7 +288,7 @@ TEST(LeakGate, FailsATestThatLeavesAGdiObject)
 TEST(LeakGate, FailsATestThatLeavesAWindow)
 {
     const auto result = RunFailing(L"LeaksAWindow");
-    EXPECT_EQ(result.exitCode, 1u);
+    EXPECT_EQ(result.exitCode, 1u) << result.output;
     EXPECT_THAT(result.output, AllOf(HasSubstr("Leak in Failing.LeaksAWindow: windows grew"),
                                      HasSubstr("\"Static\", text \"left behind\"")));
 }
@@ -296,7 +296,7 @@ TEST(LeakGate, FailsATestThatLeavesAWindow)
 TEST(LeakGate, FailsATestThatLeavesACountedReference)
 {
     const auto result = RunFailing(L"FailingWithCounter.LeaksAReference");
-    EXPECT_EQ(result.exitCode, 1u);
+    EXPECT_EQ(result.exitCode, 1u) << result.output;
     EXPECT_THAT(result.output,
                 AllOf(HasSubstr("objects of the test grew from 0 to 1"), Not(HasSubstr("heap blocks grew"))));
 }
@@ -311,13 +311,15 @@ TEST(LeakGate, LetsAnAllowedGrowthPass)
 
 TEST(LeakGate, WantsAReasonForAnAllowance)
 {
-    EXPECT_EQ(RunFailing(L"AllowsGrowthWithoutReason").exitCode, 1u);
+    const auto result = RunFailing(L"AllowsGrowthWithoutReason");
+    EXPECT_EQ(result.exitCode, 1u) << result.output;
+    EXPECT_THAT(result.output, HasSubstr("AllowGrowth needs a reason"));
 }
 
 TEST(LeakGate, WantsAKnownCounterForAnAllowance)
 {
     const auto result = RunFailing(L"AllowsGrowthOfAnUnknownCounter");
-    EXPECT_EQ(result.exitCode, 1u);
+    EXPECT_EQ(result.exitCode, 1u) << result.output;
     EXPECT_THAT(result.output, HasSubstr("no such counter"));
 }
 
