@@ -147,6 +147,23 @@ bool CAddinLoader::Load(const std::wstring& fileName, std::wstring& reason)
     return false;
 }
 
+bool CAddinLoader::Command(const std::wstring& word, std::wstring& reason)
+{
+    // A copy: a command may load another add-in.
+    const std::vector<Addin> addins = m_addins;
+    for (const Addin& addin : addins) {
+        const auto command = FindExport<int(const wchar_t*)>(addin.module, "AddInCommand");
+        int result = 0;
+        std::wstring thrown;
+        if (command && !CallGuarded([&] { result = command(word.c_str()); }, thrown))
+            reason += (reason.empty() ? L"" : L"\n") + FilePart(addin.fileName) + L": AddInCommand failed: " +
+                      thrown;
+        if (result != 0)
+            return true;
+    }
+    return false;
+}
+
 bool CAddinLoader::Unload(const std::wstring& fileName, std::wstring& reason)
 {
     const std::wstring resolved = ResolveFile(fileName);

@@ -11,9 +11,12 @@ namespace velmhost
 
 // The add-ins that are loaded. An add-in is a DLL of any extension. If it exports
 //     extern "C" int AddInStart()    it is called once loaded; a result other than 0 refuses the host
+//     extern "C" int AddInCommand(const wchar_t* word)
+//                                    it is called for each command, with its word in capitals; a result
+//                                    other than 0 says that the command is the add-in's own
 //     extern "C" void AddInStop()    it is called before the add-in is freed
-// Both are called on the thread that calls Load and Unload. What they throw is caught; a C++ exception's
-// text becomes part of the reason.
+// All are called on the thread that calls Load, Command and Unload. What they throw is caught; a C++
+// exception's text becomes part of the reason.
 class CAddinLoader
 {
     // Construction
@@ -35,6 +38,9 @@ public:
     // false with a reason when it is loaded already, cannot be loaded, or does not start; it is then not
     // in the process. Rests on AfxLoadLibrary.
     bool Load(const std::wstring& fileName, std::wstring& reason);
+    // Offers a command to the add-ins in order of loading, until one takes it. Returns whether one did. One
+    // that throws has not taken it, and what it threw becomes part of the reason, a line each.
+    bool Command(const std::wstring& word, std::wstring& reason);
     // Stops and frees one add-in, named as for Load or by its file name alone. Returns false with a
     // reason when it is not loaded, or when AddInStop threw; in the latter case it is freed all the same.
     bool Unload(const std::wstring& fileName, std::wstring& reason);

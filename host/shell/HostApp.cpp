@@ -245,6 +245,14 @@ int CHostApp::DoMessageBox(LPCTSTR lpszPrompt, UINT nType, UINT nIDPrompt)
 void CHostApp::OnCommandText(const std::wstring& text)
 {
     m_sentTexts.push_back(text);
+    const std::wstring word = FirstCommandWord(text);
+    std::wstring reason;
+    if (!word.empty())
+        m_addins.Command(word, reason);
+    if (!reason.empty()) {
+        Complain(reason);
+        PrintError(L"velmhost: " + reason + L"\n");
+    }
 }
 
 bool CHostApp::OnFrameClosing()

@@ -177,7 +177,7 @@ std::wstring ShellOptions::HelpText()
     return L"velmhost [OPTION]... [ADDIN]... [-- ARGUMENTS FOR ADD-INS]\n"
            L"\n"
            L"A small CAD shell. It loads the add-ins named (.arx or .dll) in their order, calls AddInStart\n"
-           L"of those that export it, and AddInStop in reverse order at the end.\n"
+           L"of those that export it, AddInCommand for each command, and AddInStop in reverse order at the end.\n"
            L"\n"
            L"  --help, --version      print this text, or the version, and exit\n"
            L"  --register             write the automation server's registry entries and exit\n"

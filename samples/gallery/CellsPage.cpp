@@ -9,7 +9,6 @@
 namespace
 {
 
-constexpr COLORREF Own = 0xFFFFFFFF;
 constexpr COLORREF NoteText = RGB(0, 70, 140);
 constexpr COLORREF NoteBackground = RGB(228, 240, 252);
 

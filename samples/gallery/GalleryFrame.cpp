@@ -4,10 +4,12 @@
 
 #include "CellsPage.h"
 #include "CreditsPage.h"
+#include "HelpersPage.h"
 #include "ListBoxPage.h"
 #include "ListPage.h"
 #include "ProgressPage.h"
 #include "TreePage.h"
+#include "XmlPage.h"
 
 #include "shell/Console.h"
 #include "shell/Screenshot.h"
@@ -62,6 +64,8 @@ bool CGalleryFrame::MakePages()
     m_pages.push_back(std::make_unique<CListBoxPage>());
     m_pages.push_back(std::make_unique<CProgressPage>());
     m_pages.push_back(std::make_unique<CCreditsPage>());
+    m_pages.push_back(std::make_unique<CXmlPage>());
+    m_pages.push_back(std::make_unique<CHelpersPage>());
     UINT id = FirstPageId;
     for (const auto& page : m_pages) {
         if (!page->CreateOn(this, id++, m_fonts,

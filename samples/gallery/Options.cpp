@@ -6,7 +6,7 @@ const wchar_t* const GalleryUsage =
     L"Usage: gallery [--page NAME] [--screenshot FILE]\n"
     L"       gallery --frames FOLDER COUNT\n"
     L"\n"
-    L"  --page NAME            list (default), cells, tree, list-box, progress or credits;\n"
+    L"  --page NAME            list (default), cells, tree, list-box, progress, credits, xml or helpers;\n"
     L"                         with --screenshot also drop-down\n"
     L"  --screenshot FILE      saves a picture of the page (.png or .bmp) and ends\n"
     L"  --frames FOLDER COUNT  saves a run of pictures of the credits and ends\n";

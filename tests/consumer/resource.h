@@ -1,6 +1,3 @@
-#pragma once
-
 #define IDR_MENUS 200
-
-#define IDD_PARTS 100
-#define IDC_PARTS 101
+#define IDD_PARTS 201
+#define IDC_PARTS 202

@@ -162,9 +162,67 @@ TEST_F(ShellLoader, OneAddInIsUnloadedByItsName)
     EXPECT_NE(reason, L"");
 }
 
+TEST_F(ShellLoader, CommandIsOfferedInOrderUntilOneTakesIt)
+{
+    EXPECT_EQ(Load(L"FirstTestAddin.arx"), ""); // has no command
+    EXPECT_EQ(Load(L"LineTestAddin.arx"), "");
+    EXPECT_EQ(Load(L"AnyTestAddin.arx"), "");
+    ForgetEvents();
+    std::wstring reason;
+    EXPECT_TRUE(m_loader.Command(L"LINE", reason));
+    EXPECT_THAT(events, ElementsAre("command LINE LineTestAddin"));
+    ForgetEvents();
+    EXPECT_TRUE(m_loader.Command(L"CIRCLE", reason));
+    EXPECT_THAT(events, ElementsAre("command CIRCLE LineTestAddin", "command CIRCLE AnyTestAddin"));
+    EXPECT_EQ(reason, L"");
+}
+
+TEST_F(ShellLoader, CommandThatNobodyTakesIsToldSo)
+{
+    std::wstring reason;
+    EXPECT_FALSE(m_loader.Command(L"LINE", reason));
+    EXPECT_EQ(Load(L"LineTestAddin.arx"), "");
+    EXPECT_FALSE(m_loader.Command(L"CIRCLE", reason));
+    EXPECT_EQ(reason, L"");
+}
+
+TEST_F(ShellLoader, CommandThatThrowsGoesOnToTheNext)
+{
+    EXPECT_EQ(Load(L"CommandThrowingTestAddin.arx"), "");
+    EXPECT_EQ(Load(L"AnyTestAddin.arx"), "");
+    std::wstring reason;
+    EXPECT_TRUE(m_loader.Command(L"LINE", reason));
+    EXPECT_EQ(Narrow(reason), "CommandThrowingTestAddin.arx: AddInCommand failed: the line is busy");
+    EXPECT_EQ(events.back(), "command LINE AnyTestAddin");
+}
+
 class ShellAddins : public ShellFixture
 {
 };
+
+TEST_F(ShellAddins, CommandsOfMenuItemsReachThemByTheirWord)
+{
+    ASSERT_TRUE(App().LoadAddin(AddinFile(L"LineTestAddin.arx")));
+    AddItem(AddBarMenu(L"Draw"), L"Line", L"\x03\x03_line 0,0 ");
+    ForgetEvents();
+    ASSERT_TRUE(RunSteps({{StepKind::PressItem, L"Draw|Line"}}));
+    EXPECT_THAT(events, ElementsAre("command LINE LineTestAddin"));
+    EXPECT_EQ(Sent().size(), 1u);
+    App().Addins().UnloadAll();
+    ForgetEvents();
+}
+
+TEST_F(ShellAddins, CommandThatThrowsIsToldOfAndTheHostGoesOn)
+{
+    ASSERT_TRUE(App().LoadAddin(AddinFile(L"CommandThrowingTestAddin.arx")));
+    Frame().SendToCommandLine(L"LINE ");
+    EXPECT_THAT(App().Complaints(), ElementsAre(HasSubstr(L"the line is busy")));
+    Frame().SendToCommandLine(L"  ");
+    EXPECT_EQ(App().Complaints().size(), 1u) << "blanks are no command";
+    EXPECT_EQ(Sent().size(), 2u);
+    App().Addins().UnloadAll();
+    ForgetEvents();
+}
 
 TEST_F(ShellAddins, FailureIsToldInAMessageBoxAndTheHostGoesOn)
 {

@@ -26,6 +26,15 @@ endfunction()
 
 expect_output("^C^CLINE " "${PACKAGE}/bin/velmhost.exe" --batch --history --press-item "My tools|Draw|Line"
               "${build}/MyAddin.arx")
+expect_output("^C^CPARTS " "${PACKAGE}/bin/velmhost.exe" --batch --history --press-item "My tools|Parts..."
+              "${build}/MyAddin.arx" "${build}/Witness.arx")
+file(READ "${build}/witness.txt" shown)
+# Colours are written as numbers: blue, green, red.
+string(CONCAT expected "Bolt a00000 on fff0e6\n" "ready 006e00 on e6ffe6\n"
+                       "Nut a00000 on fff0e6\n" "missing 0000a0 on ebebff\n")
+if(NOT shown STREQUAL expected)
+  message(FATAL_ERROR "The add-in's dialog showed\n${shown}instead of\n${expected}")
+endif()
 expect_output("${VERSION}" "${PACKAGE}/bin/velmhost.exe" --version)
 expect_output("${VERSION}" "${PACKAGE}/bin/velmmenu.exe" --version)
 

@@ -2,6 +2,7 @@
 //   ADDIN_NAME     the name under which start and stop are told to the program
 //   ADDIN_START    what AddInStart does then
 //   ADDIN_STOP     what AddInStop does then
+//   ADDIN_COMMAND  what AddInCommand does with `word` then; where it is not set there is none
 #include <windows.h>
 
 #include <stdexcept>
@@ -32,3 +33,13 @@ extern "C" __declspec(dllexport) void AddInStop()
     Tell("stop");
     ADDIN_STOP;
 }
+
+#ifdef ADDIN_COMMAND
+extern "C" __declspec(dllexport) int AddInCommand(const wchar_t* word)
+{
+    char event[40] = "command ";
+    ::WideCharToMultiByte(CP_ACP, 0, word, -1, event + 8, 32, nullptr, nullptr);
+    Tell(event);
+    ADDIN_COMMAND;
+}
+#endif
