@@ -57,7 +57,7 @@ IDispatch* CreateFlyout(const CHostObject& host)
 {
     const CHostObject toolbars = BaseGroup(host).Object(L"Toolbars");
     CFlyoutCensus census(host);
-    census.RemoveForsaken();
+    Attempt([&census] { census.RemoveForsaken(); });
     // Nothing follows that could fail: a toolbar without its button would be left standing.
     return toolbars.CallForObject(L"Add", census.FreeName(toolbars)).Detach();
 }
@@ -74,10 +74,10 @@ IDispatch* CreateNamed(const CHostObject& host, const std::wstring& name)
         toolbar.Put(L"Visible", true);
     std::set<std::wstring> formerFlyouts;
     if (!isNew) {
-        formerFlyouts = FlyoutsOpenedFrom(toolbar);
+        Attempt([&] { formerFlyouts = FlyoutsOpenedFrom(toolbar); });
         DeleteItems(toolbar);
     }
-    CFlyoutCensus(host).RemoveForsaken(formerFlyouts);
+    Attempt([&] { CFlyoutCensus(host).RemoveForsaken(formerFlyouts); });
     return toolbar.Detach();
 }
 

@@ -33,7 +33,8 @@ public:
     INT_PTR GetCurSel();
     INT_PTR SetCurSel(INT_PTR index);
 
-    // The text of an entry; left as it is without such an entry.
+    // The text of an entry; left as it is without such an entry, and when CMemoryException* is thrown because
+    // there is no memory for it.
     void GetText(INT_PTR index, CString& text);
 
     // The font of the list box alone; null is the system's font. The font stays the caller's and must live

@@ -1,5 +1,6 @@
 #include "controls/XTreeCtrl.h"
 
+#include <new>
 #include <vector>
 
 #include "frame/TipText.h"
@@ -16,33 +17,56 @@ bool IsWindowTool(const NMHDR* notification)
     return (flags & TTF_IDISHWND) != 0;
 }
 
+HTREEITEM FirstChild(const CTreeCtrl& tree, HTREEITEM item)
+{
+    return tree.ItemHasChildren(item) ? tree.GetNextItem(item, TVGN_CHILD) : nullptr;
+}
+
+// Visits the descendants of an item in the order in which they stand, until visit(item) gives true. Without
+// recursion: a tree may be deeper than the stack.
+template <class Visit>
+bool VisitBranch(const CTreeCtrl& tree, HTREEITEM item, Visit visit)
+{
+    HTREEITEM current = FirstChild(tree, item);
+    while (current != nullptr) {
+        if (visit(current))
+            return true;
+        HTREEITEM next = FirstChild(tree, current);
+        while (next == nullptr && current != nullptr && current != item) {
+            next = tree.GetNextItem(current, TVGN_NEXT);
+            if (next == nullptr)
+                current = tree.GetNextItem(current, TVGN_PARENT);
+        }
+        current = next;
+    }
+    return false;
+}
+
+// The same for the first visible item, the siblings behind it, and all their descendants.
+template <class Visit>
+bool VisitFromFirstVisible(const CTreeCtrl& tree, Visit visit)
+{
+    for (HTREEITEM item = tree.GetNextItem(nullptr, TVGN_FIRSTVISIBLE); item != nullptr;
+         item = tree.GetNextItem(item, TVGN_NEXT))
+    {
+        if (visit(item) || VisitBranch(tree, item, visit))
+            return true;
+    }
+    return false;
+}
+
 // The objects on some items, noted before the first is deleted: destructors may change the tree.
 class OwnedData
 {
 public:
     explicit OwnedData(CTreeCtrl& tree) : m_tree(tree) {}
 
-    void AddOf(HTREEITEM item)
+    bool Add(HTREEITEM item)
     {
         const DWORD_PTR value = m_tree.GetItemData(item);
         if (value != 0)
             m_entries.push_back({item, value});
-    }
-
-    // Without recursion: a tree may be deeper than the stack.
-    void AddOfBranch(HTREEITEM item)
-    {
-        HTREEITEM current = FirstChild(item);
-        while (current != nullptr) {
-            AddOf(current);
-            HTREEITEM next = FirstChild(current);
-            while (next == nullptr && current != nullptr && current != item) {
-                next = m_tree.GetNextItem(current, TVGN_NEXT);
-                if (next == nullptr)
-                    current = m_tree.GetNextItem(current, TVGN_PARENT);
-            }
-            current = next;
-        }
+        return false;
     }
 
     void Delete()
@@ -66,14 +90,25 @@ private:
         DWORD_PTR value;
     };
 
-    HTREEITEM FirstChild(HTREEITEM item) const
-    {
-        return m_tree.ItemHasChildren(item) ? m_tree.GetNextItem(item, TVGN_CHILD) : nullptr;
-    }
-
     CTreeCtrl& m_tree;
     std::vector<Entry> m_entries;
 };
+
+// The same objects as CleanItemData does, without memory: after each it looks anew for the next, since its
+// destructor may have changed the tree.
+void DeleteOneByOne(CTreeCtrl& tree)
+{
+    HTREEITEM owner = nullptr;
+    while (VisitFromFirstVisible(tree, [&](HTREEITEM item) {
+        owner = item;
+        return tree.GetItemData(item) != 0;
+    }))
+    {
+        const DWORD_PTR value = tree.GetItemData(owner);
+        tree.SetItemData(owner, 0);
+        delete reinterpret_cast<ItemDataABSTRACT*>(value);
+    }
+}
 
 } // namespace
 
@@ -110,26 +145,26 @@ void CXTreeCtrl::OnLButtonDown(UINT, CPoint)
 
 void CXTreeCtrl::OnDestroy()
 {
-    CleanItemData();
+    // It is the last chance.
+    try {
+        CleanItemData();
+    } catch (const std::bad_alloc&) {
+        DeleteOneByOne(*this);
+    }
     CTreeCtrl::OnDestroy();
 }
 
 void CXTreeCtrl::CleanItemData()
 {
     OwnedData data(*this);
-    for (HTREEITEM item = GetNextItem(nullptr, TVGN_FIRSTVISIBLE); item != nullptr;
-         item = GetNextItem(item, TVGN_NEXT))
-    {
-        data.AddOf(item);
-        data.AddOfBranch(item);
-    }
+    VisitFromFirstVisible(*this, [&](HTREEITEM item) { return data.Add(item); });
     data.Delete();
 }
 
 void CXTreeCtrl::DeleteBranchData(HTREEITEM item)
 {
     OwnedData data(*this);
-    data.AddOfBranch(item);
+    VisitBranch(*this, item, [&](HTREEITEM descendant) { return data.Add(descendant); });
     data.Delete();
 }
 

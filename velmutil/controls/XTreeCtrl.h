@@ -41,7 +41,8 @@ public:
     // Items above the first visible one are not visited: a tree that is to be cleaned whole must be
     // scrolled to its top. The items get their data values back, unless a destructor has deleted items: who
     // goes on using them sets these to 0 first. Needs memory for a list of the objects and raises
-    // std::bad_alloc, with nothing deleted, where there is none. The window's end does the same.
+    // std::bad_alloc, with nothing deleted, where there is none. The window's end does the same, but deletes
+    // the objects one after the other then.
     void CleanItemData();
 
     // Deletes the data of all descendants of an item, but not its own, in the order in which they stand; an

@@ -91,15 +91,21 @@ BOOL CMatrixCredits::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, U
     CRect client(0, 0, 0, 0);
     if (isCreated)
         GetClientRect(&client);
-    CClientDC dc(this);
-    MakeComposite(dc, client.Size());
-    MeasureCells();
-    MakeBackground(dc, client.Size());
-    MakeModel(client.Size());
-    if (isCreated) {
-        SetTimer(PageTimer, static_cast<UINT>(m_nStartDelay) * MillisecondsPerSecond, nullptr);
-        SetTimer(BackgroundTimer, BackgroundPeriod, nullptr);
-        Invalidate(FALSE);
+    try {
+        CClientDC dc(this);
+        MakeComposite(dc, client.Size());
+        MeasureCells();
+        MakeBackground(dc, client.Size());
+        MakeModel(client.Size());
+        if (isCreated) {
+            SetTimer(PageTimer, static_cast<UINT>(m_nStartDelay) * MillisecondsPerSecond, nullptr);
+            SetTimer(BackgroundTimer, BackgroundPeriod, nullptr);
+            Invalidate(FALSE);
+        }
+    } catch (...) {
+        DestroyWindow();
+        Release();
+        throw;
     }
     return isCreated;
 }
@@ -164,6 +170,10 @@ void CMatrixCredits::SetMaxPhaseCount(int count)
 
 void CMatrixCredits::OnTimer(UINT_PTR id)
 {
+    // A derived class may have ended the window before it passes the tick on. Timers would then be the
+    // thread's, and nothing would end them.
+    if (m_hWnd == nullptr)
+        return;
     switch (id) {
     case PageTimer:
         InitText();
@@ -197,23 +207,32 @@ void CMatrixCredits::InitText()
     const __int64 count = m_arrLines.GetSize();
     if (count == 0)
         return;
+    const __int64 formerLastLine = m_nLastLine;
     m_nFirstLine = m_nLastLine + 2;
     if (m_nFirstLine >= count)
         m_nFirstLine = 0;
     m_nCurLine = m_nLastLine = m_nFirstLine;
-    EndPage();
-
-    CRect client;
-    GetClientRect(&client);
-    const __int64 lines = m_nLastLine - m_nFirstLine + 1;
-    const int topRow = static_cast<int>((m_nRows - lines - 1) / 2);
-    m_arrLinePos.RemoveAll();
-    m_lineWidths.RemoveAll();
-    for (__int64 j = 0; j < lines; ++j) {
-        const int width = m_dcComposite.GetTextExtent(m_arrLines[m_nFirstLine + j]).cx;
-        CPoint position((client.Width() - width) / 2 / m_nCellWidth, topRow + static_cast<int>(j));
-        m_arrLinePos.Add(position);
-        m_lineWidths.Add(width);
+    try {
+        EndPage();
+        CRect client;
+        GetClientRect(&client);
+        const __int64 lines = m_nLastLine - m_nFirstLine + 1;
+        const int topRow = static_cast<int>((m_nRows - lines - 1) / 2);
+        m_arrLinePos.RemoveAll();
+        m_lineWidths.RemoveAll();
+        for (__int64 j = 0; j < lines; ++j) {
+            const int width = m_dcComposite.GetTextExtent(m_arrLines[m_nFirstLine + j]).cx;
+            CPoint position((client.Width() - width) / 2 / m_nCellWidth, topRow + static_cast<int>(j));
+            m_arrLinePos.Add(position);
+            m_lineWidths.Add(width);
+        }
+    } catch (CMemoryException*) {
+        // The next tick begins the same page; until then none is shown.
+        m_nLastLine = formerLastLine;
+        m_nCurLine = -1;
+        m_arrLinePos.RemoveAll();
+        m_lineWidths.RemoveAll();
+        throw;
     }
     m_strCurText.Empty();
     m_arrPhase.RemoveAll();
@@ -281,8 +300,9 @@ void CMatrixCredits::UpdateText()
             break;
         }
         if (i >= m_strCurText.GetLength()) {
-            m_strCurText += RandomTextCharacter();
+            // The number first: a character without one would fail in every tick.
             m_arrPhase.Add(0);
+            m_strCurText += RandomTextCharacter();
             isDone = false;
         } else if (m_arrPhase[i] >= m_nMaxPhaseCount) {
             m_strCurText.SetAt(i, line[i]);

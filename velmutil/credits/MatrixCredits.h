@@ -33,7 +33,8 @@ struct MatrixSpin
 //
 // A page must have at least one line, there must be lines where the cursor is enabled, and none may be added
 // while a page decodes: otherwise ticks of the timers raise MFC's invalid-argument exception. MFC reports
-// what a tick raises in a message box, and further ticks come while the box is open: boxes pile up.
+// what a tick raises in a message box, and further ticks come while the box is open: boxes pile up. Where
+// memory runs out, the tick that needs it raises MFC's exception, and a later one of its timer goes on there.
 //
 // Everything happens on the window's thread. Random numbers are the run-time library's (rand), seeded with
 // the time when the object is made. Surfaces and grid keep the size that the window has when it is made. In
@@ -52,8 +53,9 @@ public:
     // Makes the window, with a client edge, and starts the animation with the first page. The result is that
     // of CreateEx; without a window the grid is set up, but no timer runs and nothing is invalidated. Raises
     // MFC's resource exception when the window class cannot be registered or there is no device context of
-    // the window. Other failures of GDI are not reported: a window without its surfaces shows nothing and
-    // stays invalid, so that WM_PAINT comes again and again. After the window's end it may be called again.
+    // the window, and MFC's or the standard library's exception where memory runs out; then there is no
+    // window. Other failures of GDI are not reported: a window without its surfaces shows nothing and stays
+    // invalid, so that WM_PAINT comes again and again. After the window's end it may be called again.
     virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
     // Adds a line, or the end of a page, at the end. The next page is the first again then. Not to be called

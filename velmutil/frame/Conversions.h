@@ -1,7 +1,8 @@
 // Conversions between text and numbers.
 //
 // None of them reports anything. All follow the run-time library's current locale, which the library
-// never sets: the decimal separator is a point unless the program changes the locale.
+// never sets: the decimal separator is a point unless the program changes the locale. Those that return a
+// text throw CMemoryException* when there is no memory for it.
 #pragma once
 
 #include <afxwin.h>

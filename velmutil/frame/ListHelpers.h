@@ -2,7 +2,8 @@
 //
 // The boxes must be attached to windows of the calling thread. Texts go to a box up to their first
 // embedded zero, as its messages take them. A box with a sort style puts its entries where it sorts
-// them. What a box refuses for lack of space is left out without a report.
+// them. What a box refuses for lack of space is left out without a report. Where memory for a text or for an
+// element runs out, CMemoryException* or std::bad_alloc is thrown; what was added before stays.
 #pragma once
 
 #include <list>

@@ -40,8 +40,10 @@ void SplitFolder(const std::wstring& path, CString& drive, CString& dir)
     std::vector<wchar_t> dirPart(path.size() + 1);
     _wsplitpath_s(path.c_str(), drivePart, _MAX_DRIVE, dirPart.data(), dirPart.size(), nullptr, 0, nullptr,
                   0);
-    drive = drivePart;
+    // Both or none.
+    const CString newDrive(drivePart);
     dir = dirPart.data();
+    drive = newDrive;
 }
 
 } // namespace

@@ -2,7 +2,8 @@
 //
 // Modules are named as GetModuleHandleW takes them: a file name or a full path, in any case, ".dll"
 // being assumed where there is no extension. None of these functions loads anything or reports
-// anything.
+// anything. Where memory runs out they throw std::bad_alloc or CMemoryException*, and the caller's texts
+// stay as they were.
 #pragma once
 
 #include <afxwin.h>

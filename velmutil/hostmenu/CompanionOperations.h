@@ -11,7 +11,9 @@
 // Delete on it. It carries the host's own source, description, code and help where the host gave any. For a
 // bare result code m_wCode is 0, m_scError the code, m_strDescription the system's message for it, and
 // m_strSource "CorvanUtil22." and the member. A null interface is such a failure, with E_POINTER. What was
-// added before a failure stays.
+// added before a failure stays. Memory that runs out for a text of the host is such a failure, with
+// E_OUTOFMEMORY; for an operation's own texts and lists it leaves as std::bad_alloc or CMemoryException*. In
+// clean-ups it counts as a refusal of the host.
 #pragma once
 
 #include "hostmenu/HostWrappers.h"

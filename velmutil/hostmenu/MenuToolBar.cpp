@@ -10,6 +10,7 @@
 #include "hostmenu/MenuNode.h"
 #include "hostmenu/NodeWalk.h"
 #include "hostmenu/ToolBarNode.h"
+#include "xml/Prolog.h"
 
 namespace
 {
@@ -80,7 +81,8 @@ void Append_MenuToolBar(CString xmlText, wchar_t* moduleName)
         return;
 
     VARIANT_BOOL isLoaded = VARIANT_FALSE;
-    _com_util::CheckError(document->loadXML(_bstr_t(xmlText.GetString()), &isLoaded));
+    if (!TextDeclaresEntities(xmlText))
+        _com_util::CheckError(document->loadXML(_bstr_t(xmlText.GetString()), &isLoaded));
     if (isLoaded == VARIANT_FALSE) {
         AfxMessageBox(L"MenuToolbar XML is not loaded");
         return;

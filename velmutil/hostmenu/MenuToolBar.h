@@ -33,7 +33,8 @@
 // named without a path, the toolbar is left out in silence.
 //
 // Failures, shown with AfxMessageBox:
-// - "MenuToolbar XML is not loaded": the text is not well-formed; nothing is made.
+// - "MenuToolbar XML is not loaded": the text is not well-formed, or declares entities of its own; nothing
+//   is made.
 // - "Unable to Load Menu": the host failed (COleDispatchException) while the menu was made, or there is
 //   no host application; its own description follows in a second message. Then the toolbar is made.
 // - "Unable to Load Toolbar": the same for the toolbar. Then the call ends as usual.

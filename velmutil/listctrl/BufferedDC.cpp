@@ -5,7 +5,8 @@ CBufferedDC::CBufferedDC(CDC* target) : m_target(target)
     target->GetClipBox(&m_area);
     CreateCompatibleDC(target);
     m_bitmap.CreateCompatibleBitmap(target, m_area.Width(), m_area.Height());
-    m_oldBitmap = SelectObject(&m_bitmap);
+    // As handles, so that nothing can fail while it is selected.
+    m_oldBitmap = ::SelectObject(m_hDC, m_bitmap.GetSafeHandle());
     SetWindowOrg(m_area.left, m_area.top);
 }
 
@@ -13,5 +14,5 @@ CBufferedDC::~CBufferedDC()
 {
     m_target->BitBlt(m_area.left, m_area.top, m_area.Width(), m_area.Height(), this, m_area.left, m_area.top,
                      SRCCOPY);
-    SelectObject(m_oldBitmap);
+    ::SelectObject(m_hDC, m_oldBitmap);
 }

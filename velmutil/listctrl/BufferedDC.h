@@ -17,5 +17,5 @@ private:
     CDC* m_target;
     CRect m_area;
     CBitmap m_bitmap;
-    CBitmap* m_oldBitmap = nullptr;
+    HGDIOBJ m_oldBitmap = nullptr;
 };

@@ -1,7 +1,6 @@
 #include "listctrl/XListCtrl.h"
 
-#include <new>
-
+#include "frame/Completing.h"
 #include "listctrl/ListWatch.h"
 #include "listctrl/RowRecords.h"
 
@@ -93,7 +92,11 @@ int CXListCtrl::OnCreate(LPCREATESTRUCT)
 void CXListCtrl::SubclassHeaderControl()
 {
     const auto header = reinterpret_cast<HWND>(::SendMessage(m_hWnd, LVM_GETHEADER, 0, 0));
-    if (m_bHeaderSubclassed || header == nullptr || !m_HeaderCtrl.SubclassWindow(header))
+    if (m_bHeaderSubclassed || header == nullptr)
+        return;
+    bool isSubclassed = false;
+    Completes([&] { isSubclassed = m_HeaderCtrl.SubclassWindow(header) != FALSE; });
+    if (!isSubclassed)
         return;
     m_bHeaderSubclassed = TRUE;
     // A new header may have the handle of a former one.
@@ -189,14 +192,11 @@ XLISTCTRLDATA* CXListCtrl::NewRecords(COLORREF text, COLORREF background, int im
 {
     const int columns = GetColumns();
     XLISTCTRLDATA* records = nullptr;
-    try {
+    Completes([&] {
         if (m_checkedCounts.size() < static_cast<size_t>(columns))
             m_checkedCounts.resize(static_cast<size_t>(columns));
         records = NewRowRecords(columns);
-    } catch (CException* e) {
-        e->Delete();
-    } catch (const std::bad_alloc&) {
-    }
+    });
     if (XLISTCTRLDATA* const first = RowRecord(records, 0)) {
         first->crText = text;
         first->crBackground = background;

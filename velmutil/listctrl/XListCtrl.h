@@ -23,7 +23,9 @@ extern VELM_API UINT WM_XLISTCTRL_COMBO_SELECTION;  // a choice was committed by
 //
 // Rows and columns count from 0. A row is in range if the list has it at the time of the call, a column if
 // the header has it. Setters return FALSE for what is out of range and, unless something else is said, for
-// rows without records; what getters return then is said below. Nothing throws and nothing shows a message.
+// rows without records; what getters return then is said below. Nothing throws and nothing shows a message:
+// where there is no memory for a text, setters return FALSE and change nothing and getters return the empty
+// text; a cell that cannot be drawn stays undrawn, and a drop-down that cannot be filled does not open.
 // A setter redraws its cell at once unless something else is said; while the list is hidden or its redraw is
 // off (SetRedraw), it does not.
 //

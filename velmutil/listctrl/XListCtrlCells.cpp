@@ -1,6 +1,7 @@
 // The setters and getters of CXListCtrl's cells.
 #include "listctrl/XListCtrl.h"
 
+#include "frame/Completing.h"
 #include "listctrl/ListWatch.h"
 #include "listctrl/RowRecords.h"
 
@@ -125,8 +126,7 @@ BOOL CXListCtrl::SetItemToolTipText(int nItem, int nSubItem, LPCTSTR lpszToolTip
     XLISTCTRLDATA* const record = RecordOf(nItem, nSubItem);
     if (record == nullptr)
         return FALSE;
-    record->strToolTip = TextOrEmpty(lpszToolTipText);
-    return TRUE;
+    return Completes([&] { record->strToolTip = TextOrEmpty(lpszToolTipText); });
 }
 
 CString CXListCtrl::GetItemToolTipText(int nItem, int nSubItem)
@@ -248,7 +248,10 @@ BOOL CXListCtrl::SetComboBox(int nItem, int nSubItem, BOOL bEnableCombo, CString
 
 CString CXListCtrl::GetComboText(int nItem, int nSubItem)
 {
-    return HasCell(nItem, nSubItem) ? TextOf(nItem, nSubItem) : CString();
+    CString text;
+    if (HasCell(nItem, nSubItem))
+        Completes([&] { text = TextOf(nItem, nSubItem); });
+    return text;
 }
 
 // Progress bars
@@ -258,10 +261,11 @@ BOOL CXListCtrl::SetProgress(int nItem, int nSubItem, BOOL bShowProgressText, LP
     XLISTCTRLDATA* const record = RecordOf(nItem, nSubItem);
     if (record == nullptr)
         return FALSE;
+    if (!Completes([&] { record->strProgressText = TextOrEmpty(lpszProgressText); }))
+        return FALSE;
     record->bShowProgress = TRUE;
     record->nProgressPercent = 0;
     record->bShowProgressText = bShowProgressText;
-    record->strProgressText = TextOrEmpty(lpszProgressText);
     RedrawCell(nItem, nSubItem);
     return TRUE;
 }

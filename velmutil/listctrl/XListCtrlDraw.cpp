@@ -5,6 +5,7 @@
 #include <cstring>
 #include <string>
 
+#include "frame/Completing.h"
 #include "listctrl/ImageDrawing.h"
 #include "listctrl/ListWatch.h"
 #include "listctrl/ProgressText.h"
@@ -139,10 +140,15 @@ void CXListCtrl::OnCustomDraw(NMHDR* pNMHDR, LRESULT* pResult)
     case CDDS_ITEMPREPAINT:
         *pResult = CDRF_NOTIFYITEMDRAW;
         break;
-    case CDDS_ITEMPREPAINT | CDDS_SUBITEM:
-        DrawCell(*draw);
+    case CDDS_ITEMPREPAINT | CDDS_SUBITEM: {
+        const HDC dc = draw->nmcd.hdc;
+        const HGDIOBJ font = ::GetCurrentObject(dc, OBJ_FONT);
+        // What there is no memory for is not drawn; a bold font must not stay for the next cell.
+        if (!Completes([&] { DrawCell(*draw); }))
+            ::SelectObject(dc, font);
         *pResult = CDRF_SKIPDEFAULT;
         break;
+    }
     }
 }
 

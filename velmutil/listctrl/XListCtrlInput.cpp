@@ -2,8 +2,8 @@
 #include "listctrl/XListCtrl.h"
 
 #include <algorithm>
-#include <new>
 
+#include "frame/Completing.h"
 #include "frame/TipText.h"
 #include "listctrl/ListWatch.h"
 #include "listctrl/RowRecords.h"
@@ -68,11 +68,12 @@ int CXListCtrl::ColumnAt(int row, CPoint point)
 bool CXListCtrl::SendToParent(UINT message, int row, int column)
 {
     const Watch watch(*this);
-    CWnd* parent = CWnd::FromHandle(::GetParent(m_hWnd));
+    // By its handle: an object for it may have to be made, and there may be no memory.
+    HWND parent = ::GetParent(m_hWnd);
     if (parent == nullptr)
-        parent = GetOwner();
-    if (parent != nullptr && ::IsWindow(parent->m_hWnd))
-        parent->SendMessage(message, static_cast<WPARAM>(row), column);
+        Completes([&] { parent = GetOwner()->GetSafeHwnd(); });
+    if (::IsWindow(parent))
+        ::SendMessage(parent, message, static_cast<WPARAM>(row), column);
     return !watch.IsGone();
 }
 
@@ -172,15 +173,12 @@ void CXListCtrl::OpenComboList(int row, int column, CDC* pDC, const CRect& cell)
     const Watch watch(*this);
     CXComboList* combo = nullptr;
     LPCTSTR windowClass = nullptr;
-    try {
+    const bool isMade = Completes([&] {
         windowClass = AfxRegisterWndClass(CS_SAVEBITS | CS_CLASSDC, ::LoadCursor(nullptr, IDC_ARROW));
         combo = new CXComboList(this);
-    } catch (CException* e) {
-        e->Delete();
+    });
+    if (!isMade)
         return;
-    } catch (const std::bad_alloc&) {
-        return;
-    }
     m_pCombo = combo;
     m_nComboItem = row;
     m_nComboSubItem = column;
@@ -193,24 +191,34 @@ void CXListCtrl::OpenComboList(int row, int column, CDC* pDC, const CRect& cell)
 
     // Activation and focus go round the program: afterwards the drop-down, the row or the list may be gone.
     const unsigned ended = m_combosEnded;
-    const BOOL isCreated =
-        combo->CreateEx(0, windowClass, L"", WS_POPUP | WS_VISIBLE | WS_BORDER, m_rectComboList, this, 0);
+    BOOL isCreated = FALSE;
+    Completes([&] {
+        isCreated =
+            combo->CreateEx(0, windowClass, L"", WS_POPUP | WS_VISIBLE | WS_BORDER, m_rectComboList, this, 0);
+    });
     if (watch.IsGone() || m_combosEnded != ended)
         return;
     const XLISTCTRLDATA* const record = RecordOf(row, column);
-    if (!isCreated || record == nullptr) {
+    // Without its list box it would have no text to put back.
+    if (!isCreated || record == nullptr || combo->GetCount() == LB_ERR) {
         DestroyComboList();
         return;
     }
     m_strComboOpenText.Empty();
-    LOGFONT logFont = {};
-    CFont* const current = pDC->GetCurrentFont();
-    if (!m_bComboFontCreated && current != nullptr && current->GetLogFont(&logFont) != 0)
-        m_bComboFontCreated = m_fontComboList.CreateFontIndirect(&logFont);
-    if (m_bComboFontCreated)
-        combo->SetFont(&m_fontComboList, FALSE);
-    if (FillComboList(row, column, *record))
+    bool isFilled = false;
+    const bool isComplete = Completes([&] {
+        LOGFONT logFont = {};
+        CFont* const current = pDC->GetCurrentFont();
+        if (!m_bComboFontCreated && current != nullptr && current->GetLogFont(&logFont) != 0)
+            m_bComboFontCreated = m_fontComboList.CreateFontIndirect(&logFont);
+        if (m_bComboFontCreated)
+            combo->SetFont(&m_fontComboList, FALSE);
+        isFilled = FillComboList(row, column, *record);
+    });
+    if (isFilled)
         combo->SetActive(ComboScrollBarWidth);
+    else if (!isComplete && !watch.IsGone() && m_combosEnded == ended)
+        DestroyComboList();
 }
 
 bool CXListCtrl::FillComboList(int row, int column, const XLISTCTRLDATA& record)
@@ -247,7 +255,8 @@ bool CXListCtrl::TakeComboSelection()
     if (selection == -1 || !HasCell(m_nComboItem, m_nComboSubItem))
         return false;
     CString text;
-    m_pCombo->GetText(selection, text);
+    if (!Completes([&] { m_pCombo->GetText(selection, text); }))
+        return false;
     SetItemText(m_nComboItem, m_nComboSubItem, text);
     return true;
 }

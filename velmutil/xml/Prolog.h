@@ -1,4 +1,4 @@
-// A look at what stands before the root element of a document.
+// A look at what stands before the root element of a document, for the XML class and for the builder.
 //
 // A few entities that name each other, or one that is named very often, can make a parser work for ever, and
 // not every parser refuses document type definitions when told so. What declares any is therefore not given

@@ -150,7 +150,7 @@ public:
     // are.
     void FillStringArray(CStringArray& items, wchar_t* xpath, wchar_t* attribute);
 
-    // The same, to the end of a list.
+    // The same, to the end of a list. Where that has no memory for an element, it raises std::bad_alloc.
     void FillStringList(std::list<CString>& items, wchar_t* xpath, wchar_t* attribute);
 
     // The same, to the end of a combo box, of which it then selects the first entry (see the free

@@ -63,13 +63,13 @@ IXMLDOMNodePtr CXMLFile::SelectNode(wchar_t* name, bool remove, bool create)
 {
     if (remove && !create) {
         AfxMessageBox(L"To remove Node Itself, Create option should be true", MB_OK, 0);
-        return nullptr;
+        return IXMLDOMNodePtr();
     }
     const IXMLDOMNodePtr found = SelectSingle(m_pCurNode, CBstr(CString(L"./") + name));
     if (found && !remove)
         return found;
     if (!create)
-        return nullptr;
+        return IXMLDOMNodePtr();
     RequireXmlName(name);
     if (found)
         RemoveChild(m_pCurNode, found);
