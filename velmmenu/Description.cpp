@@ -7,6 +7,7 @@
 #include "Positions.h"
 #include "hostmenu/Entries.h"
 #include "hostmenu/NodeWalk.h"
+#include "xml/Prolog.h"
 
 namespace velmmenu
 {
@@ -57,8 +58,14 @@ bool Element::Has(const wchar_t* attribute) const
                        [&](const Attribute& own) { return own.name == attribute; });
 }
 
-Description::Description(const std::wstring& text) : m_document(Load(text))
+Description::Description(const std::wstring& text)
 {
+    if (TextDeclaresEntities(CString(text.c_str()))) {
+        // The library does not give it to the parser either.
+        m_documentType = LineOfDocumentType(text);
+        return;
+    }
+    m_document = Load(text);
     IXMLDOMElementPtr root;
     _com_util::CheckError(m_document->get_documentElement(&root));
     AddElements(root, nullptr);

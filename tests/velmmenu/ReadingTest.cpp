@@ -136,4 +136,21 @@ TEST_F(Reading, ADocumentTypeIsAFindingAndEndsTheCheck)
                              "it by default, and nothing is built; the rest was not checked"));
 }
 
+// Entities that name each other, with which a parser is busy for longer than this program may run.
+TEST_F(Reading, EntitiesAreNotGivenToTheParser)
+{
+    std::string entities = "<!ENTITY % p0 \"<!ENTITY e 'abc'>\">\n";
+    for (int i = 1; i <= 10; ++i) {
+        entities += "<!ENTITY % p" + std::to_string(i) + " \"";
+        for (int j = 0; j < 10; ++j)
+            entities += "&#37;p" + std::to_string(i - 1) + ";";
+        entities += "\">\n";
+    }
+    const std::string text = "\n<!DOCTYPE D [" + entities + "%p10;]>\n<D>&e;</D>";
+    EXPECT_THAT(Check(text), testing::ElementsAre(testing::StartsWith("2: a document type declaration")));
+    const auto shown = Run({L"show", NameOf(L"description.xml")});
+    EXPECT_EQ(1u, shown.exitCode);
+    EXPECT_THAT(shown.output, HasSubstr("MenuToolbar XML is not loaded"));
+}
+
 } // namespace menutool
