@@ -2,6 +2,7 @@
 #pragma once
 
 #include "kit/HeapTracker.h"
+#include "kit/Stack.h"
 
 #include <functional>
 #include <mutex>
@@ -17,7 +18,7 @@ struct Block
 {
     unsigned long long serial; // of the allocation
     size_t size;               // in bytes
-    void* frames[24];          // return addresses, innermost first; null after the last
+    StackFrames frames;        // who made it
 };
 
 // The table's own memory comes from a heap of its own, so that it is neither counted nor in the way of

@@ -1,6 +1,7 @@
 #include "kit/Endings.h"
 
 #include "kit/CurrentTest.h"
+#include "kit/HeapChecks.h"
 #include "kit/Stack.h"
 
 #include <csignal>
@@ -41,6 +42,12 @@ const char* NameOf(DWORD code)
     }
 }
 
+// With the address that it is about.
+bool IsAccessViolation(const EXCEPTION_RECORD& record)
+{
+    return record.ExceptionCode == EXCEPTION_ACCESS_VIOLATION && record.NumberParameters >= 2;
+}
+
 LONG WINAPI ReportCrash(EXCEPTION_POINTERS* exception)
 {
     const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
@@ -49,7 +56,7 @@ LONG WINAPI ReportCrash(EXCEPTION_POINTERS* exception)
                   NameOf(record.ExceptionCode), static_cast<unsigned long>(record.ExceptionCode),
                   record.ExceptionAddress);
     WriteLastWords(text);
-    if (record.ExceptionCode == EXCEPTION_ACCESS_VIOLATION && record.NumberParameters >= 2) {
+    if (IsAccessViolation(record)) {
         const ULONG_PTR kind = record.ExceptionInformation[0];
         std::snprintf(text, sizeof text, ", %s of 0x%llx",
                       kind == 0   ? "read"
@@ -62,7 +69,21 @@ LONG WINAPI ReportCrash(EXCEPTION_POINTERS* exception)
     void* frames[80];
     const size_t count = WalkStack(*exception->ContextRecord, frames);
     WriteLastWords(DescribeStack({frames, count}, false));
+    if (IsAccessViolation(record)) {
+        WriteLastWords(DescribeGuardedAddress(record.ExceptionInformation[1]));
+    }
     EndProcess(ExitCrash);
+}
+
+// Asked before all handlers.
+LONG WINAPI ReportGuardedAccess(EXCEPTION_POINTERS* exception)
+{
+    const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
+    GuardHeap* const heap = ActiveGuardHeap();
+    if (heap && IsAccessViolation(record) && heap->Contains(record.ExceptionInformation[1])) {
+        return ReportCrash(exception);
+    }
+    return EXCEPTION_CONTINUE_SEARCH;
 }
 
 [[noreturn]] void ReportTerminate()
@@ -109,6 +130,7 @@ void EndProcess(unsigned exitCode)
 void InstallCrashReporters()
 {
     SetUnhandledExceptionFilter(ReportCrash);
+    AddVectoredExceptionHandler(1, ReportGuardedAccess);
     std::set_terminate(ReportTerminate);
     std::signal(SIGABRT, ReportAbort);
 }

@@ -3,14 +3,16 @@
 #include "kit/HeapTracker.h"
 
 #include "kit/BlockTable.h"
+#include "kit/HeapChecks.h"
 #include "kit/ImportTable.h"
-#include "kit/Stack.h"
+#include "kit/StackCache.h"
 
+#include <malloc.h>
+
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <cwchar>
-#include <iterator>
-#include <string_view>
+#include <string>
 
 namespace testkit
 {
@@ -18,6 +20,7 @@ namespace
 {
 
 constexpr char Crt[] = "msvcrt.dll", Cxx[] = "libstdc++-6.dll";
+constexpr size_t MallocAlignment = 16;
 
 // How deep a thread is in the making of objects with static storage inside functions.
 const DWORD g_onceDepth = TlsAlloc();
@@ -32,13 +35,10 @@ void ChangeOnceDepth(intptr_t change)
     TlsSetValue(g_onceDepth, reinterpret_cast<void*>(OnceDepth() + change));
 }
 
-void Note(void* memory, size_t size)
+void Note(void* memory, size_t size, const StackFrames& stack)
 {
     if (memory && OnceDepth() == 0) {
-        Block block{};
-        block.size = size;
-        RtlCaptureStackBackTrace(0, std::size(block.frames), block.frames, nullptr);
-        BlockTable::Get().Put(memory, block);
+        BlockTable::Get().Put(memory, {0, size, stack});
     }
 }
 
@@ -48,25 +48,6 @@ void Forget(void* memory)
     if (memory) {
         BlockTable::Get().Take(memory, block);
     }
-}
-
-template <class Reallocate>
-void* NoteReallocation(void* old, size_t size, Reallocate reallocate)
-{
-    Block block{};
-    const bool known = old && BlockTable::Get().Take(old, block);
-    void* memory = reallocate();
-    if (!known) {
-        if (!old) { // one that was there before counting began, or is not counted, stays uncounted
-            Note(memory, size);
-        }
-    } else if (memory) {
-        block.size = size;
-        BlockTable::Get().Put(memory, block);
-    } else if (size != 0) { // failed: the old block lives on
-        BlockTable::Get().Put(old, block);
-    }
-    return memory;
 }
 
 template <class Function>
@@ -88,61 +69,187 @@ Original<int(void*)> g_guardAcquire;
 Original<void(void*)> g_guardRelease;
 Original<void(void*)> g_guardAbort;
 
+void Require(const HeapMisuse& misuse, const StackFrames& stack)
+{
+    if (misuse.kind != HeapMisuse::Kind::None) {
+        StopForMisuse(misuse, stack);
+    }
+}
+
+// A block of the guard heap, or of the run-time library by the original function.
+template <class MakePlain>
+void* Make(size_t size, size_t alignment, BlockMaker maker, const StackFrames& stack, MakePlain makePlain)
+{
+    GuardHeap* const heap = ActiveGuardHeap();
+    void* const memory = heap ? heap->Allocate(size, alignment, maker, stack) : nullptr;
+    return memory ? memory : makePlain();
+}
+
+template <class MakePlain>
+void* Counted(size_t size, size_t alignment, BlockMaker maker, MakePlain makePlain)
+{
+    const StackFrames stack = TakeStack();
+    void* const memory = Make(size, alignment, maker, stack, makePlain);
+    Note(memory, size, stack);
+    return memory;
+}
+
+bool IsGuarded(void* memory)
+{
+    GuardHeap* const heap = ActiveGuardHeap();
+    return heap && heap->Contains(reinterpret_cast<uintptr_t>(memory));
+}
+
+// What is left of the run-time library's heap when there is a guard heap: blocks from before its start, its
+// own, and those that the guard heap had no room for.
+void RequirePlainBlock(void* memory, const StackFrames& stack)
+{
+    if (!HeapValidate(reinterpret_cast<HANDLE>(_get_heap_handle()), 0, memory)) {
+        HeapMisuse misuse;
+        misuse.kind = HeapMisuse::Kind::Foreign;
+        misuse.address = reinterpret_cast<uintptr_t>(memory);
+        StopForMisuse(misuse, stack);
+    }
+}
+
+template <class FreePlain>
+void Release(void* memory, BlockMaker maker, FreePlain freePlain)
+{
+    if (IsGuarded(memory)) {
+        const StackFrames stack = TakeStack();
+        Forget(memory);
+        Require(ActiveGuardHeap()->Free(memory, maker, stack), stack);
+        return;
+    }
+    Forget(memory);
+    if (ActiveGuardHeap() && memory && maker == BlockMaker::Malloc) {
+        RequirePlainBlock(memory, TakeStack());
+    }
+    freePlain();
+}
+
+// Where the run-time library made the old block, it also makes the new one.
+template <class ReallocatePlain>
+void* Reallocate(void* old, size_t size, size_t alignment, BlockMaker maker, const StackFrames& stack,
+                 ReallocatePlain reallocatePlain)
+{
+    if (!old) {
+        return Make(size, alignment, maker, stack, reallocatePlain);
+    }
+    if (!IsGuarded(old)) {
+        if (ActiveGuardHeap() && maker == BlockMaker::Malloc) {
+            RequirePlainBlock(old, stack);
+        }
+        return reallocatePlain();
+    }
+    GuardHeap& heap = *ActiveGuardHeap();
+    size_t oldSize = 0;
+    Require(heap.SizeOf(old, maker, oldSize), stack);
+    void* memory = nullptr;
+    if (size != 0) {
+        memory = Make(size, alignment, maker, stack, [&] {
+            return maker == BlockMaker::Malloc ? g_malloc.function(size)
+                                               : g_alignedMalloc.function(size, alignment);
+        });
+        if (!memory) {
+            return nullptr;
+        }
+        std::memcpy(memory, old, std::min(size, oldSize));
+    }
+    Require(heap.Free(old, maker, stack), stack);
+    return memory;
+}
+
+template <class ReallocatePlain>
+void* CountedReallocation(void* old, size_t size, size_t alignment, BlockMaker maker,
+                          ReallocatePlain reallocatePlain)
+{
+    const StackFrames stack = TakeStack();
+    Block block{};
+    const bool known = old && BlockTable::Get().Take(old, block);
+    void* memory = Reallocate(old, size, alignment, maker, stack, reallocatePlain);
+    if (!known) {
+        if (!old) { // one that was there before counting began, or is not counted, stays uncounted
+            Note(memory, size, stack);
+        }
+    } else if (memory) {
+        block.size = size;
+        BlockTable::Get().Put(memory, block);
+    } else if (size != 0) { // failed: the old block lives on
+        BlockTable::Get().Put(old, block);
+    }
+    return memory;
+}
+
 void* CountedMalloc(size_t size)
 {
-    void* memory = g_malloc.function(size);
-    Note(memory, size);
-    return memory;
+    return Counted(size, MallocAlignment, BlockMaker::Malloc, [=] { return g_malloc.function(size); });
 }
 
 void* CountedCalloc(size_t count, size_t size)
 {
-    void* memory = g_calloc.function(count, size);
-    Note(memory, count * size);
+    if (size != 0 && count > SIZE_MAX / size) {
+        return g_calloc.function(count, size); // fails, with its error number
+    }
+    const size_t bytes = count * size;
+    void* const memory =
+        Counted(bytes, MallocAlignment, BlockMaker::Malloc, [=] { return g_calloc.function(count, size); });
+    if (IsGuarded(memory)) {
+        std::memset(memory, 0, bytes);
+    }
     return memory;
 }
 
 void* CountedRealloc(void* old, size_t size)
 {
-    return NoteReallocation(old, size, [&] { return g_realloc.function(old, size); });
+    return CountedReallocation(old, size, MallocAlignment, BlockMaker::Malloc,
+                               [=] { return g_realloc.function(old, size); });
 }
 
 void CountedFree(void* memory)
 {
-    Forget(memory);
-    g_free.function(memory);
+    Release(memory, BlockMaker::Malloc, [=] { g_free.function(memory); });
 }
 
 void* CountedAlignedMalloc(size_t size, size_t alignment)
 {
-    void* memory = g_alignedMalloc.function(size, alignment);
-    Note(memory, size);
-    return memory;
+    return Counted(size, alignment, BlockMaker::AlignedMalloc,
+                   [=] { return g_alignedMalloc.function(size, alignment); });
 }
 
 void* CountedAlignedRealloc(void* old, size_t size, size_t alignment)
 {
-    return NoteReallocation(old, size, [&] { return g_alignedRealloc.function(old, size, alignment); });
+    return CountedReallocation(old, size, alignment, BlockMaker::AlignedMalloc,
+                               [=] { return g_alignedRealloc.function(old, size, alignment); });
 }
 
 void CountedAlignedFree(void* memory)
 {
-    Forget(memory);
-    g_alignedFree.function(memory);
+    Release(memory, BlockMaker::AlignedMalloc, [=] { g_alignedFree.function(memory); });
+}
+
+// The original makes the copy where there is no guard heap, so that it sees what it always sees.
+template <class Character, class Copy>
+Character* CountedCopy(const Character* text, Copy copyPlain)
+{
+    const size_t size = text ? (std::char_traits<Character>::length(text) + 1) * sizeof(Character) : 0;
+    void* const copy =
+        text ? Counted(size, MallocAlignment, BlockMaker::Malloc, [=]() -> void* { return copyPlain(text); })
+             : nullptr;
+    if (IsGuarded(copy)) {
+        std::memcpy(copy, text, size);
+    }
+    return static_cast<Character*>(copy);
 }
 
 char* CountedStrdup(const char* text)
 {
-    char* copy = g_strdup.function(text);
-    Note(copy, copy ? std::strlen(copy) + 1 : 0);
-    return copy;
+    return CountedCopy(text, g_strdup.function);
 }
 
 wchar_t* CountedWcsdup(const wchar_t* text)
 {
-    wchar_t* copy = g_wcsdup.function(text);
-    Note(copy, copy ? (std::wcslen(copy) + 1) * sizeof(wchar_t) : 0);
-    return copy;
+    return CountedCopy(text, g_wcsdup.function);
 }
 
 int NotedGuardAcquire(void* guard)
@@ -200,20 +307,6 @@ void Track(HMODULE module)
     TrackModule(module);
 }
 
-// Drops the lines of the replacements in this file from the top of a stack: how many they are depends on
-// what the compiler made one.
-std::string WithoutOurs(const std::string& stack)
-{
-    size_t start = 0;
-    for (size_t end = 0; (end = stack.find('\n', start)) != std::string::npos; start = end + 1) {
-        const std::string_view line = std::string_view(stack).substr(start, end - start);
-        if (line.find("HeapTracker.cpp:") == std::string_view::npos) {
-            break;
-        }
-    }
-    return stack.substr(start);
-}
-
 } // namespace
 
 bool TrackModule(HMODULE module)
@@ -229,6 +322,7 @@ void TrackNewModules()
 void StartHeapTracking()
 {
     BlockTable::Get();
+    StartGuardHeap();
     Replacements();
     ForEachModuleUnderTest(Track);
 }
@@ -249,7 +343,7 @@ std::string DescribeBlocksSince(const HeapMark& mark, unsigned most)
     std::string text;
     for (size_t i = 0; i < blocks.size() && i < most; ++i) {
         text += "block of " + std::to_string(blocks[i].size) + " bytes, made by\n";
-        text += WithoutOurs(DescribeStack(blocks[i].frames));
+        text += DescribeCallers(blocks[i].frames, "HeapTracker.cpp:");
     }
     if (blocks.size() > most) {
         text += "... and " + std::to_string(blocks.size() - most) + " more blocks\n";

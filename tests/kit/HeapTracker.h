@@ -7,7 +7,9 @@
 // libraries; modules that are loaded later are patched before their code runs. What the system's
 // libraries allocate for themselves is not counted, nor are blocks made before the start, nor what the
 // first call of a function makes for its static local objects: that is made once and kept on purpose.
-// With Visual C++ the debug run-time's own book-keeping counts instead; a release build counts nothing.
+// Where a guard heap is asked for, these functions take their blocks from it (see HeapChecks.h and
+// GuardHeap.h). With Visual C++ the debug run-time's own book-keeping counts instead; a release build counts
+// nothing.
 #pragma once
 
 #include "kit/Platform.h"

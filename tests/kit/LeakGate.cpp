@@ -1,6 +1,7 @@
 #include "kit/LeakGate.h"
 
 #include "kit/CurrentTest.h"
+#include "kit/HeapChecks.h"
 #include "kit/HeapTracker.h"
 #include "kit/Platform.h"
 #include "kit/Program.h"
@@ -92,6 +93,7 @@ public:
         DropTemporaries();
         std::vector<Counter>& counters = Counters();
         const long long blocks = BlocksWhenQuiet(); // first: what follows allocates
+        CheckHeaps();
         const bool judgeHeap = HeapIsTracked() && !test.result()->Failed() && !test.result()->Skipped();
         if (judgeHeap && counters[Heap].Exceeds(blocks)) {
             Fail(counters[Heap], blocks, DescribeBlocksSince(m_heap));
@@ -108,6 +110,8 @@ public:
         ClearCurrentTest();
         RestartWatchdog();
     }
+
+    void OnTestProgramEnd(const testing::UnitTest&) override { PrintGuardHeapFigures(); }
 
 private:
     // What a thread leaves to be freed may still be on its way for a moment after its end.

@@ -54,6 +54,7 @@ int main(int argc, char** argv)
     }
     if (!GTEST_FLAG_GET(list_tests)) {
         testkit::StartHeapTracking();
+        testkit::RestartWatchdog(); // with the limit that goes with it
         testkit::WarmUp();
         testkit::InstallLeakGate();
     }

@@ -89,12 +89,15 @@ std::vector<void*> CaptureStack(unsigned skip, unsigned most)
     return frames;
 }
 
-size_t WalkStack(CONTEXT context, std::span<void*> frames)
+size_t WalkStack(CONTEXT context, std::span<void*> frames, std::span<void**> places)
 {
     // The unwinder is used without the debugging library: that one allocates, and the thread that is
     // looked at may hold the heap's lock.
     size_t count = 0;
     while (count < frames.size() && (context.Rip || count == 0)) {
+        if (count < places.size()) {
+            places[count] = count == 0 ? nullptr : reinterpret_cast<void**>(context.Rsp) - 1;
+        }
         frames[count++] = reinterpret_cast<void*>(context.Rip);
         const DWORD64 before = context.Rsp;
         DWORD64 base = 0;
@@ -133,6 +136,19 @@ std::string DescribeStack(std::span<void* const> frames, bool firstIsReturn)
         isReturn = true;
     }
     return text;
+}
+
+std::string DescribeCallers(const StackFrames& frames, std::string_view ownSource)
+{
+    const std::string stack = DescribeStack(frames);
+    size_t start = 0;
+    for (size_t end = 0; (end = stack.find('\n', start)) != std::string::npos; start = end + 1) {
+        const std::string_view line = std::string_view(stack).substr(start, end - start);
+        if (line.find(ownSource) == std::string_view::npos) {
+            break;
+        }
+    }
+    return stack.substr(start);
 }
 
 } // namespace testkit

@@ -2,6 +2,7 @@
 
 #include "kit/CurrentTest.h"
 #include "kit/Endings.h"
+#include "kit/HeapChecks.h"
 #include "kit/Stack.h"
 
 #include <tlhelp32.h>
@@ -18,11 +19,17 @@ unsigned g_seconds = 0;
 DWORD g_mainThread = 0;
 std::atomic<ULONGLONG> g_deadline{0};
 
+// A guard heap makes all that allocates slow.
+DWORD Milliseconds(unsigned seconds)
+{
+    return seconds * (ActiveGuardHeap() ? 4000 : 1000);
+}
+
 // The report itself may hang, when a suspended or hung thread holds a lock that it needs. Then the
 // process ends without the rest of it.
 DWORD WINAPI EndAnyway(void*)
 {
-    Sleep(20000);
+    Sleep(ActiveGuardHeap() ? 240000 : 20000); // checked heaps make the reading of symbols slow too
     WriteLastWords("\nThe report itself did not come to its end.\n");
     EndProcess(ExitHang);
 }
@@ -112,7 +119,7 @@ void RestartWatchdog()
 
 void AllowTime(unsigned seconds)
 {
-    g_deadline = GetTickCount64() + seconds * 1000ull;
+    g_deadline = GetTickCount64() + Milliseconds(seconds);
 }
 
 } // namespace testkit

@@ -7,7 +7,8 @@
 namespace testkit
 {
 
-// Seconds that each test may take, unless the command line says --velm-watchdog=SECONDS.
+// Seconds that each test may take, unless the command line says --velm-watchdog=SECONDS. These and all others
+// count fourfold with a guard heap (see HeapChecks.h), which makes allocations slow.
 constexpr unsigned DefaultWatchdogSeconds = 60;
 
 // Starts the watchdog's thread. From then on the time runs, for a test and as well for what is between

@@ -1,6 +1,6 @@
 #include "Culprits.h"
 
-#include "kit/Stack.h"
+#include "kit/StackCache.h"
 
 #include <cstdlib>
 #include <stdexcept>
@@ -70,3 +70,28 @@ size_t WalkedHere(std::span<void*> frames)
     g_number = g_number + 1;
     return count;
 }
+
+#ifdef __MINGW32__
+
+__attribute__((noinline)) static testkit::StackFrames TakenHere()
+{
+    testkit::StackFrames frames = testkit::TakeStack();
+    g_number = g_number + 1;
+    return frames;
+}
+
+testkit::StackFrames TakenByFirst()
+{
+    testkit::StackFrames frames = TakenHere();
+    g_number = g_number + 1;
+    return frames;
+}
+
+testkit::StackFrames TakenBySecond()
+{
+    testkit::StackFrames frames = TakenHere();
+    g_number = g_number + 2;
+    return frames;
+}
+
+#endif

@@ -2,7 +2,7 @@
 // keeps its frame: the compiler cannot merge them into their callers.
 #pragma once
 
-#include "kit/Platform.h"
+#include "kit/Stack.h"
 
 #include <span>
 #include <vector>
@@ -17,3 +17,7 @@ void ThrowFromHere(); // std::runtime_error("thrown where nobody catches")
 // The stack at this function by the two ways of taking it.
 std::vector<void*> CapturedHere();
 size_t WalkedHere(std::span<void*> frames);
+
+// The stack at the same place, called by one function or by another.
+testkit::StackFrames TakenByFirst();
+testkit::StackFrames TakenBySecond();

@@ -4,8 +4,12 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <thread>
+
 using testing::AllOf;
 using testing::HasSubstr;
+using testing::Not;
 
 namespace
 {
@@ -41,5 +45,51 @@ TEST(Stack, AnAddressOutsideAllModulesIsShownAsNumber)
     void* nowhere[] = {reinterpret_cast<void*>(0x1234)};
     EXPECT_EQ(testkit::DescribeStack(nowhere, false), "  ?+0x1234\n");
 }
+
+#ifdef __MINGW32__
+
+TEST(StackCache, TellsStacksApartThatDifferInOneCaller)
+{
+    std::vector<testkit::StackFrames> taken;
+    for (const auto take : {TakenByFirst, TakenBySecond, TakenByFirst, TakenBySecond, TakenByFirst}) {
+        taken.push_back(take());
+    }
+    EXPECT_EQ(taken[0], taken[2]);
+    EXPECT_EQ(taken[0], taken[4]);
+    EXPECT_EQ(taken[1], taken[3]);
+    EXPECT_THAT(testkit::DescribeStack(taken[2]),
+                AllOf(HasSubstr("TakenByFirst"), Not(HasSubstr("TakenBySecond"))));
+    EXPECT_THAT(testkit::DescribeStack(taken[3]),
+                AllOf(HasSubstr("TakenBySecond"), Not(HasSubstr("TakenByFirst"))));
+}
+
+TEST(StackCache, GivesWhatAWalkGives)
+{
+    testkit::StackFrames frames{};
+    for (int i = 0; i < 3; ++i) {
+        frames = TakenByFirst();
+    }
+    const std::vector<void*> walked = testkit::CaptureStack();
+    ASSERT_GT(walked.size(), 3u);
+    // The test itself is in both, at different calls.
+    EXPECT_TRUE(std::equal(walked.begin() + 1, walked.begin() + 4, frames.begin() + 3));
+}
+
+TEST(StackCache, ServesThreadsSideBySide)
+{
+    const auto take = [] {
+        for (int i = 0; i < 200; ++i) {
+            const testkit::StackFrames first = TakenByFirst(), second = TakenBySecond();
+            EXPECT_NE(first[1], second[1]);
+            EXPECT_NE(first[2], nullptr);
+        }
+    };
+    std::vector<std::jthread> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back(take);
+    }
+}
+
+#endif
 
 } // namespace
