@@ -23,8 +23,10 @@ if(MINGW)
   add_compile_options("$<$<COMPILE_LANGUAGE:CXX>:-gdwarf-4;-fno-omit-frame-pointer>")
   target_compile_options(velm_warnings INTERFACE "$<$<COMPILE_LANGUAGE:CXX>:-Wall;-Wextra>")
   if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-    # MFC's classes hide their bases' Create by design, and so must those derived from them.
-    target_compile_options(velm_warnings INTERFACE "$<$<COMPILE_LANGUAGE:CXX>:-Wno-overloaded-virtual>")
+    # MFC's classes hide their bases' Create by design, and so must those derived from them; its macros declare
+    # overrides without the word.
+    target_compile_options(velm_warnings INTERFACE
+        "$<$<COMPILE_LANGUAGE:CXX>:-Wno-overloaded-virtual;-Wno-inconsistent-missing-override>")
   endif()
   # Text in .rc files is UTF-8.
   set(CMAKE_RC_FLAGS "${CMAKE_RC_FLAGS} -c 65001")
