@@ -15,7 +15,7 @@ import unittest
 SOURCE = pathlib.Path(sys.argv.pop(1)).resolve()
 
 # What the scripts call of the system itself.
-SYSTEM = 'bash env realpath dirname basename mkdir head tail tee grep df du tr id cat cp mv rm touch'.split()
+SYSTEM = 'bash env realpath dirname basename mkdir head tail tee grep df du tr id cat cp mv rm sed touch'.split()
 
 MISSING = 'ninja-build wine64'
 UNREACHABLE = "Temporary failure resolving 'mirror.example'"
@@ -218,20 +218,20 @@ class Packages(Scripts):
 class Room(Scripts):
     def test_too_little_room_is_told_before_anything_is_done(self):
         self.program('df', 'echo Avail Mounted; echo 412 /home')
-        for script, needed in (('demo', 1500), ('check', 9000), ('bench', 1500)):
+        for script, needed in (('demo', 1500), ('check', 5000), ('bench', 1500)):
             self.expect_line(self.run_script(script), f'{script}: not enough room: 412 MB are free in {self.tree} '
                              f'(file system /home), {needed} MB are needed')
         self.assertFalse((self.tree / 'build').exists())
 
     def test_a_tree_that_is_built_needs_less(self):
         (self.tree / 'build/mingw').mkdir(parents=True)
-        self.program('du', 'echo "8700 total"')
+        self.program('du', 'echo "4700 total"')
         self.program('df', 'echo Avail Mounted; echo 412 /home')
         self.assertEqual(self.run_script('check').returncode, 0)
         self.program('df', 'echo Avail Mounted; echo 299 /home')
         self.expect_line(self.run_script('check'), f'check: not enough room: 299 MB are free in {self.tree} '
                          '(file system /home), 300 MB are needed')
-        self.program('du', 'echo "8900 total"')
+        self.program('du', 'echo "4900 total"')
         self.program('df', 'echo Avail Mounted; echo 199 /home')
         self.expect_line(self.run_script('check'), f'check: not enough room: 199 MB are free in {self.tree} '
                          '(file system /home), 200 MB are needed')
@@ -272,7 +272,7 @@ class Room(Scripts):
         self.program('df', 'exec "$REAL_DF" "$@"')
         small, result = self.run_on_small_disk('cat /dev/zero >fill 2>/dev/null')
         self.expect_line(result, f'check: not enough room: 0 MB are free in {small}/tree (file system {small}), '
-                         '9000 MB are needed')
+                         '5000 MB are needed')
 
     def test_a_disk_that_is_really_filled_by_the_build(self):
         self.program('df', '[ -e "$HOME/building" ] && exec "$REAL_DF" "$@"\necho Avail Mounted; echo 50000 /')
@@ -340,6 +340,46 @@ class Stages(Scripts):
         result = self.run_script('check')
         self.assertEqual(result.stdout.splitlines()[4:], ['2/2 Test #2: b ...***Failed    0.10 sec', 'what b told',
                                                           '50% tests passed, 1 tests failed out of 2'])
+        self.expect_line(result, 'check: a test failed; its output stands above')
+
+    FAILS_ONCE = 'last=build/mingw/Testing/Temporary/LastTestsFailed.log\n' \
+                 'case " $* " in *" --rerun-failed "*) echo "$*" >"$HOME/again"; AGAIN ;; esac\n' \
+                 'mkdir -p "${last%/*}"; printf "7:b\\n9:c\\n" >"$last"; echo "what b told"; exit 8'
+
+    def test_a_failed_test_that_passes_alone_is_told_of(self):
+        self.program('ctest', self.FAILS_ONCE.replace('AGAIN', 'exit 0'))
+        result = self.run_script('check')
+        self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
+        self.assertEqual((self.folder / 'again').read_text(encoding='utf-8'), '--preset mingw --rerun-failed -j 1\n')
+        self.assertIn('what b told\n', result.stdout)
+        self.assertEqual(result.stdout.splitlines()[-1].rstrip(), 'check: passed only when run again: b c')
+
+    def test_a_test_that_fails_alone_too_fails_the_run(self):
+        self.program('ctest', self.FAILS_ONCE.replace('AGAIN', 'echo "b again"; exit 8'))
+        result = self.run_script('check')
+        self.assertIn('b again', result.stdout)
+        self.assertNotIn('passed only', result.stdout)
+        self.expect_line(result, 'check: a test failed; its output stands above')
+
+    def test_the_long_run_goes_with_no_other_option(self):
+        for other in (['--debug'], ['-L', 'kit'], ['-R', 'x']):
+            self.expect_line(self.run_script('check', '--deep', *other),
+                             'check: --deep goes with no other option; see ./check --help')
+
+    def test_the_long_run_collects_the_figures(self):
+        self.write(self.tree / 'tools/wine-run', 'echo "FIGURE $VELM_DEEP ${1##*/}: 5"')
+        self.program('cmake', '[ "$5" != coverage ] || echo "FIGURE lines: 97.5 %"')
+        result = self.run_script('check', '--deep')
+        self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
+        told = result.stdout[result.stdout.index('Figures'):].splitlines()[1:]
+        self.assertEqual(told, ['  1 random_tests.exe: 5', '  1 failing_tests.exe: 5', '  1 lifecycle_tests.exe: 5',
+                                '  1 hostile_tests.exe: 5', '  lines: 97.5 %'])
+
+    def test_the_long_run_goes_on_after_a_failure(self):
+        self.write(self.tree / 'tools/wine-run', 'echo "told by ${1##*/}"; [ "${1##*/}" != random_tests.exe ]')
+        result = self.run_script('check', '--deep')
+        self.assertIn('told by random_tests.exe', result.stdout)
+        self.assertIn('Mutants', result.stdout)
         self.expect_line(result, 'check: a test failed; its output stands above')
 
     def test_packages_are_counted_in_percent(self):

@@ -6,5 +6,5 @@
 
 TEST(RandomListBox, KeepsItsRules)
 {
-    randomplay::ExpectAllHold(randomplay::ListBoxPlan(testkit::ByDepth(2000, 170000)));
+    randomplay::ExpectAllHold(randomplay::ListBoxPlan(testkit::ByDepth(2000, 260000)));
 }

@@ -178,18 +178,19 @@ private:
     // Marks a node through the object, so that the trees show whether it is the right one.
     void Mark(XmlSlot& slot, const IXMLDOMNodePtr& node, Element& element)
     {
+        if (slot.document == nullptr || slot.document->owner != element.owner)
+            return; // see HasRoom
         CXMLFile file;
         file.m_pXMLDoc = slot.file.m_pXMLDoc;
         file.m_pCurNode = node;
-        if (!file.m_pXMLDoc)
-            return;
         CString text;
         text.Format(L"%d", ++m_marks);
         file.CreateAttrib(Writable(L"mark"), text);
         element.Set(L"mark", text.GetString());
     }
 
-    // Also: whoever moves nodes from one document to another relies on more than the parser keeps.
+    // Also whether the current node is the document's own: not every parser survives it when a node is made
+    // by one document and put into another.
     bool HasRoom(const XmlSlot& slot) const
     {
         if (slot.document != nullptr && slot.current != nullptr &&

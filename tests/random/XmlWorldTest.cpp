@@ -6,5 +6,5 @@
 
 TEST(RandomXml, KeepsItsRules)
 {
-    randomplay::ExpectAllHold(randomplay::XmlPlan(testkit::ByDepth(1000, 170000)));
+    randomplay::ExpectAllHold(randomplay::XmlPlan(testkit::ByDepth(1000, 80000)));
 }
