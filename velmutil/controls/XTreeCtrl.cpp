@@ -177,7 +177,9 @@ INT_PTR CXTreeCtrl::OnToolHitTest(CPoint point, TOOLINFO* pTI) const
     if (pTI != nullptr) {
         pTI->hwnd = m_hWnd;
         pTI->uId = reinterpret_cast<UINT_PTR>(item);
-        GetItemRect(item, &pTI->rect, TRUE);
+        // The control may find an item by a point and yet have no rectangle of it.
+        if (!GetItemRect(item, &pTI->rect, TRUE))
+            SetRectEmpty(&pTI->rect);
         pTI->lpszText = LPSTR_TEXTCALLBACK;
     }
     return reinterpret_cast<INT_PTR>(item);
