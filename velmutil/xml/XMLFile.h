@@ -173,7 +173,8 @@ public:
     // node that has no attributes, and, where an attribute must be made, without a document; a variable is
     // not changed then. Characters that XML cannot hold (below 32 but for tab and line ends, half a
     // surrogate pair, U+FFFE, U+FFFF) must not stand in a text to be written: what becomes of them is the
-    // parser's matter.
+    // parser's matter. An attribute is made by the document: a current node that is left from before a load
+    // must not be given new ones, which damages Wine's parser.
     void CreateAttrib(wchar_t* name, CString& value);
 
     // Written as "%d", read with GetStrToInt.
